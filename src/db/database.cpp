@@ -1,0 +1,298 @@
+#include "db/database.h"
+
+#include "db/schema.h"
+
+#include <QAtomicInt>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+namespace jxc {
+
+namespace {
+
+QString nextConnectionName() {
+    static QAtomicInt counter;
+    return QStringLiteral("jxc-%1").arg(counter.fetchAndAddRelaxed(1));
+}
+
+// The tables that every layout of the program has had; a database without them is not ours.
+const QStringList &identifyingTables() {
+    static const QStringList tables = {QStringLiteral("jxc_goods"), QStringLiteral("jxc_xtcs"),
+                                       QStringLiteral("jxc_admin"), QStringLiteral("jxc_goodslist")};
+    return tables;
+}
+
+bool looksLikeSqliteFile(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    // A fresh set may still live in its write-ahead log, before the main file got its first page.
+    if (file.size() == 0) return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+    return file.read(16) == QByteArray("SQLite format 3\0", 16);
+}
+
+} // namespace
+
+Database::Database(Location location, Opening opening)
+    : m_location(std::move(location))
+    , m_dialect(Dialect::create(m_location.engine))
+    , m_connectionName(nextConnectionName()) {
+    const bool isFile = m_location.engine == Engine::Sqlite;
+    if (isFile && opening == Opening::existing && !looksLikeSqliteFile(m_location.file))
+        throw NotOurDatabase(m_location.display());
+    try {
+        if (opening == Opening::existing) refuseForeign();
+        open();
+    } catch (...) {
+        close();
+        throw;
+    }
+}
+
+Database::~Database() {
+    if (m_depth > 0) {
+        m_depth = 1;
+        rollback();
+    }
+    close();
+}
+
+void Database::open() {
+    m_connection = QSqlDatabase::addDatabase(m_dialect->driverName(), m_connectionName);
+    m_dialect->configure(m_connection, m_location);
+    if (!m_connection.open()) fail(m_connection.lastError(), QStringLiteral("connect"));
+    m_lost = false;
+    m_dialect->prepare(*this, m_warnings);
+}
+
+void Database::close() {
+    m_statements.clear();
+    if (m_connection.isValid()) m_connection.close();
+    m_connection = {};
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+/// Looks through a connection that only reads, before anything is set on the file.
+void Database::refuseForeign() {
+    m_connection = QSqlDatabase::addDatabase(m_dialect->driverName(), m_connectionName);
+    m_dialect->configure(m_connection, m_location);
+    if (m_location.engine == Engine::Sqlite)
+        m_connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=5000"));
+    if (!m_connection.open()) {
+        if (m_location.engine == Engine::Sqlite) throw NotOurDatabase(m_location.display());
+        fail(m_connection.lastError(), QStringLiteral("connect"));
+    }
+    QStringList found;
+    try {
+        found = m_dialect->tableNames(*this);
+    } catch (const BusyError &) {
+        throw;
+    } catch (const DatabaseError &) {
+        throw NotOurDatabase(m_location.display());
+    }
+    for (const QString &table : identifyingTables())
+        if (!found.contains(table)) throw NotOurDatabase(m_location.display());
+    close();
+}
+
+void Database::reconnectIfLost() {
+    if (!m_lost) return;
+    close();
+    m_depth = 0;
+    open();
+}
+
+QVariant Database::driverHandle() const {
+    return m_connection.driver()->handle();
+}
+
+void Database::fail(const QSqlError &error, const QString &sql) {
+    try {
+        m_dialect->raise(error, sql);
+    } catch (const ConnectionLost &) {
+        m_lost = true;
+        throw;
+    }
+    Q_UNREACHABLE();
+}
+
+QSqlQuery &Database::prepared(const QString &sql) {
+    auto &statement = m_statements[sql];
+    if (!statement) {
+        auto fresh = std::make_shared<QSqlQuery>(m_connection);
+        fresh->setForwardOnly(true);
+        if (!fresh->prepare(sql)) {
+            const QSqlError error = fresh->lastError();
+            m_statements.remove(sql);
+            fail(error, sql);
+        }
+        statement = std::move(fresh);
+    }
+    return *statement;
+}
+
+QSqlQuery &Database::run(const QString &sql, const Values &values) {
+    observe(sql);
+    QSqlQuery &query = prepared(sql);
+    for (size_t i = 0; i < values.size(); ++i)
+        query.bindValue(static_cast<int>(i), m_dialect->bind(values[i]));
+    if (!query.exec()) {
+        const QSqlError error = query.lastError();
+        query.finish();
+        fail(error, sql);
+    }
+    return query;
+}
+
+void Database::runDirect(const QString &sql) {
+    observe(sql);
+    QSqlQuery query(m_connection);
+    if (!query.exec(sql)) fail(query.lastError(), sql);
+}
+
+QString Database::scalar(const QString &sql, const Values &values) {
+    const auto first = row(sql, values);
+    return first ? first->text(size_t{0}) : QString();
+}
+
+std::optional<Row> Database::row(const QString &sql, const Values &values) {
+    Rows all = rows(sql, values);
+    if (all.empty()) return std::nullopt;
+    return std::move(all.front());
+}
+
+bool Database::exists(const QString &sql, const Values &values) {
+    return !rows(sql, values).empty();
+}
+
+Rows Database::rows(const QString &sql, const Values &values) {
+    QSqlQuery &query = run(sql, values);
+    const QSqlRecord record = query.record();
+    std::vector<QString> names;
+    for (int i = 0; i < record.count(); ++i) names.push_back(record.fieldName(i));
+    const auto columns = std::make_shared<const Columns>(std::move(names));
+    Rows result;
+    while (query.next()) {
+        std::vector<QVariant> fields;
+        fields.reserve(static_cast<size_t>(record.count()));
+        for (int i = 0; i < record.count(); ++i) fields.push_back(query.value(i));
+        result.emplace_back(columns, std::move(fields));
+    }
+    const QSqlError error = query.lastError();
+    query.finish(); // an open read would hold up writers
+    if (error.isValid()) fail(error, sql);
+    return result;
+}
+
+int Database::execute(const QString &sql, const Values &values) {
+    static const QStringList layoutWords = {QStringLiteral("create "), QStringLiteral("drop "),
+                                            QStringLiteral("alter ")};
+    for (const QString &word : layoutWords) {
+        if (!sql.startsWith(word)) continue;
+        m_statements.clear(); // kept statements were prepared for the old layout
+        runDirect(sql);
+        return 0;
+    }
+    QSqlQuery &query = run(sql, values);
+    const int changed = query.numRowsAffected();
+    query.finish();
+    return changed;
+}
+
+namespace {
+
+void checkLength(const Column *column, const Value &value) {
+    const QString *text = value.text();
+    if (column == nullptr || text == nullptr || column->length == 0 || text->size() <= column->length)
+        return;
+    // The engines count characters; one outside the basic plane takes two of Qt's units.
+    if (text->toUcs4().size() > column->length)
+        throw TextTooLong(column->caption.isEmpty() ? column->name : column->caption, column->length);
+}
+
+std::vector<const Column *> describe(const QString &table, const QStringList &columns) {
+    std::vector<const Column *> described;
+    described.reserve(static_cast<size_t>(columns.size()));
+    for (const QString &name : columns) described.push_back(column(table, name));
+    return described;
+}
+
+} // namespace
+
+qint64 Database::insertRow(const QString &table, const Assignments &assignments) {
+    QStringList columns;
+    Values values;
+    for (const Assignment &a : assignments) {
+        columns << a.column;
+        values.push_back(a.value);
+    }
+    return insertRows(table, columns, {values}).front();
+}
+
+std::vector<qint64> Database::insertRows(const QString &table, const QStringList &columns,
+                                         const std::vector<Values> &rows) {
+    if (rows.empty()) return {};
+    const auto described = describe(table, columns);
+    for (const Values &values : rows)
+        for (size_t i = 0; i < values.size(); ++i) checkLength(described[i], values[i]);
+    return m_dialect->insertRows(*this, table, columns, rows);
+}
+
+int Database::updateRows(const QString &table, const Assignments &assignments, const QString &where,
+                         const Values &whereValues) {
+    QStringList columns;
+    QStringList settings;
+    Values values;
+    for (const Assignment &a : assignments) {
+        columns << a.column;
+        settings << a.column + QStringLiteral("=?");
+        values.push_back(a.value);
+    }
+    const auto described = describe(table, columns);
+    for (size_t i = 0; i < values.size(); ++i) checkLength(described[i], values[i]);
+    values.insert(values.end(), whereValues.begin(), whereValues.end());
+    return execute(QStringLiteral("update %1 set %2 where %3").arg(table, settings.join(u','), where),
+                   values);
+}
+
+void Database::updateById(const QString &table, const QStringList &columns,
+                          const std::vector<Values> &rows) {
+    if (!rows.empty()) m_dialect->updateById(*this, table, columns, rows);
+}
+
+void Database::dropTableIfExists(const QString &table) {
+    if (tableNames().contains(table)) execute(QStringLiteral("drop table ") + table);
+}
+
+void Database::begin() {
+    if (m_depth == 0) {
+        reconnectIfLost();
+        m_dialect->beginWriting(*this);
+        m_doomed = false;
+    }
+    ++m_depth;
+}
+
+void Database::commit() {
+    if (m_doomed) throw std::logic_error("commit after a part of the transaction was rolled back");
+    if (m_depth == 1) {
+        observe(QStringLiteral("commit"));
+        if (!m_connection.commit()) fail(m_connection.lastError(), QStringLiteral("commit"));
+    }
+    --m_depth;
+}
+
+void Database::rollback() noexcept {
+    if (--m_depth > 0) {
+        m_doomed = true; // the outermost undoes everything
+        return;
+    }
+    try {
+        QSqlQuery(m_connection).exec(QStringLiteral("rollback"));
+    } catch (...) { // NOLINT(bugprone-empty-catch): nothing is left to undo on a dead connection
+    }
+}
+
+} // namespace jxc

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "db/engine.h"
+#include "db/location.h"
+#include "db/value.h"
+
+#include <QSqlError>
+#include <QVariant>
+#include <memory>
+
+class QSqlDatabase;
+
+namespace jxc {
+
+class Database;
+
+/// What the engines do differently, one small class per engine; no other file asks which one it is.
+class Dialect {
+public:
+    virtual ~Dialect() = default;
+    static std::unique_ptr<Dialect> create(Engine engine);
+
+    [[nodiscard]] virtual Engine engine() const = 0;
+    [[nodiscard]] virtual QString driverName() const = 0;
+
+    /// Sets address and options of a connection that is not open yet.
+    virtual void configure(QSqlDatabase &connection, const Location &location) const = 0;
+    /// Sets what every connection needs and reads it back. What the user should know about the
+    /// place is appended to `warnings`.
+    virtual void prepare(Database &db, QStringList &warnings) const = 0;
+
+    /// How a value is handed to the driver so that it arrives unchanged.
+    [[nodiscard]] virtual QVariant bind(const Value &value) const = 0;
+
+    /// Begins a transaction that holds the account set's write lock from its first statement.
+    virtual void beginWriting(Database &db) const = 0;
+
+    /// Throws the error of ours that stands for the driver's.
+    [[noreturn]] virtual void raise(const QSqlError &error, const QString &statement) const = 0;
+
+    /// Inserts rows in order, answers their ids in that order.
+    virtual std::vector<qint64> insertRows(Database &db, const QString &table,
+                                           const QStringList &columns,
+                                           const std::vector<Values> &rows) const = 0;
+    /// Updates the given columns of rows named by id. Rows: id first, then the values.
+    virtual void updateById(Database &db, const QString &table, const QStringList &columns,
+                            const std::vector<Values> &rows) const = 0;
+
+    /// Names of the tables of the account set.
+    [[nodiscard]] virtual QStringList tableNames(Database &db) const = 0;
+    /// Names of a table's columns; empty when there is no such table.
+    [[nodiscard]] virtual QStringList columnNames(Database &db, const QString &table) const = 0;
+};
+
+} // namespace jxc

@@ -1,0 +1,137 @@
+#include "db/dialect_sqlite.h"
+
+#include "db/database.h"
+
+#include <QFileInfo>
+#include <QSqlQuery>
+#include <QStorageInfo>
+#include <sqlite3.h>
+
+namespace jxc {
+
+namespace {
+
+/// Locks over a network drive are not to be trusted with a write-ahead log.
+bool onNetworkDrive(const QString &path) {
+    static const QStringList remote = {QStringLiteral("nfs"),   QStringLiteral("nfs4"),
+                                       QStringLiteral("cifs"),  QStringLiteral("smb3"),
+                                       QStringLiteral("smbfs"), QStringLiteral("fuse.sshfs")};
+    const QStorageInfo storage(QFileInfo(path).absolutePath());
+    return remote.contains(QString::fromLatin1(storage.fileSystemType())) ||
+           storage.device().startsWith("//") || storage.device().startsWith("\\\\");
+}
+
+QString placeholders(qsizetype count) {
+    QStringList marks;
+    for (qsizetype i = 0; i < count; ++i) marks << QStringLiteral("?");
+    return marks.join(u',');
+}
+
+/// The largest whole number of which a double holds every smaller one too.
+constexpr qint64 exactInDouble = qint64{1} << 53;
+
+} // namespace
+
+QString SqliteDialect::driverName() const {
+    return QStringLiteral("QSQLITE");
+}
+
+void SqliteDialect::configure(QSqlDatabase &connection, const Location &location) const {
+    connection.setDatabaseName(location.file);
+    connection.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
+}
+
+void SqliteDialect::prepare(Database &db, QStringList &warnings) const {
+    const bool remote = onNetworkDrive(db.location().file);
+    const QString wanted = remote ? QStringLiteral("delete") : QStringLiteral("wal");
+    const QString got = db.scalar(QStringLiteral("pragma journal_mode=") + wanted);
+    if (remote || got != wanted)
+        warnings << QStringLiteral("数据文件不在本机硬盘上，多台电脑同时使用时建议改用PostgreSQL！");
+    // A misspelt pragma succeeds, so what matters is read back.
+    db.runDirect(QStringLiteral("pragma synchronous=full"));
+    if (db.scalar(QStringLiteral("pragma synchronous")) != QLatin1String("2"))
+        throw DatabaseError(QStringLiteral("数据库不能设为安全写入方式！"), {}, {});
+    db.runDirect(QStringLiteral("pragma cache_size=-32768"));
+    db.runDirect(QStringLiteral("pragma temp_store=memory"));
+}
+
+QVariant SqliteDialect::bind(const Value &value) const {
+    if (const QString *text = value.text()) return text->isNull() ? QStringLiteral("") : *text;
+    if (const qint64 *number = value.number()) return *number;
+    if (const Decimal *figure = value.figure()) {
+        if (figure->isWhole() && figure->abs() < Decimal::fromInteger(exactInDouble))
+            return static_cast<qint64>(figure->micros() / 1'000'000);
+        return figure->toDouble();
+    }
+    return {};
+}
+
+void SqliteDialect::beginWriting(Database &db) const {
+    db.runDirect(QStringLiteral("begin immediate"));
+}
+
+void SqliteDialect::raise(const QSqlError &error, const QString &statement) const {
+    const QString code = error.nativeErrorCode();
+    switch (code.toInt() & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw BusyError(QStringLiteral("数据库正忙，其他操作员正在使用，请稍后再试！"), statement, code);
+    case SQLITE_FULL:
+        throw DatabaseError(QStringLiteral("磁盘空间不足，本次操作没有保存！"), statement, code);
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        throw DatabaseError(QStringLiteral("数据文件是只读的，本次操作没有保存！"), statement, code);
+    case SQLITE_CANTOPEN:
+        throw DatabaseError(QStringLiteral("数据文件不能打开！"), statement, code);
+    case SQLITE_IOERR:
+        throw DatabaseError(QStringLiteral("读写数据文件出错，本次操作没有保存！"), statement, code);
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        throw DatabaseError(QStringLiteral("数据文件已损坏，请用备份恢复！"), statement, code);
+    default:
+        throw DatabaseError(error.text(), statement, code);
+    }
+}
+
+std::vector<qint64> SqliteDialect::insertRows(Database &db, const QString &table,
+                                              const QStringList &columns,
+                                              const std::vector<Values> &rows) const {
+    const QString sql = QStringLiteral("insert into %1 (%2) values (%3)")
+                            .arg(table, columns.join(u','), placeholders(columns.size()));
+    std::vector<qint64> ids;
+    ids.reserve(rows.size());
+    for (const Values &values : rows) {
+        QSqlQuery &query = db.run(sql, values);
+        ids.push_back(query.lastInsertId().toLongLong());
+        query.finish();
+    }
+    return ids;
+}
+
+void SqliteDialect::updateById(Database &db, const QString &table, const QStringList &columns,
+                               const std::vector<Values> &rows) const {
+    QStringList settings;
+    for (const QString &column : columns) settings << column + QStringLiteral("=?");
+    const QString sql = QStringLiteral("update %1 set %2 where id=?").arg(table, settings.join(u','));
+    for (const Values &row : rows) {
+        Values values(row.begin() + 1, row.end());
+        values.push_back(row.front());
+        db.run(sql, values).finish();
+    }
+}
+
+QStringList SqliteDialect::tableNames(Database &db) const {
+    QStringList names;
+    for (const Row &row : db.rows(QStringLiteral("select name from sqlite_master where type='table'")))
+        names << row.text(size_t{0});
+    return names;
+}
+
+QStringList SqliteDialect::columnNames(Database &db, const QString &table) const {
+    QStringList names;
+    for (const Row &row : db.rows(QStringLiteral("select name from pragma_table_info(?)"), {table}))
+        names << row.text(size_t{0});
+    return names;
+}
+
+} // namespace jxc

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "db/dialect.h"
+
+namespace jxc {
+
+class SqliteDialect : public Dialect {
+public:
+    [[nodiscard]] Engine engine() const override { return Engine::Sqlite; }
+    [[nodiscard]] QString driverName() const override;
+    void configure(QSqlDatabase &connection, const Location &location) const override;
+    void prepare(Database &db, QStringList &warnings) const override;
+    [[nodiscard]] QVariant bind(const Value &value) const override;
+    void beginWriting(Database &db) const override;
+    [[noreturn]] void raise(const QSqlError &error, const QString &statement) const override;
+    std::vector<qint64> insertRows(Database &db, const QString &table, const QStringList &columns,
+                                   const std::vector<Values> &rows) const override;
+    void updateById(Database &db, const QString &table, const QStringList &columns,
+                    const std::vector<Values> &rows) const override;
+    [[nodiscard]] QStringList tableNames(Database &db) const override;
+    [[nodiscard]] QStringList columnNames(Database &db, const QString &table) const override;
+};
+
+} // namespace jxc

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "base/decimal.h"
+
+#include <QString>
+#include <QVariant>
+#include <memory>
+#include <vector>
+
+namespace jxc {
+
+/// The column names of one result, shared by its rows.
+class Columns {
+public:
+    explicit Columns(std::vector<QString> names)
+        : m_names(std::move(names)) {}
+    /// Throws std::logic_error for a column that the statement does not select.
+    [[nodiscard]] size_t indexOf(QStringView name) const;
+    [[nodiscard]] const std::vector<QString> &names() const { return m_names; }
+
+private:
+    std::vector<QString> m_names;
+};
+
+/// One row of a result. Nulls read as empty text and 0, as the books take them.
+class Row {
+public:
+    Row(std::shared_ptr<const Columns> columns, std::vector<QVariant> values)
+        : m_columns(std::move(columns))
+        , m_values(std::move(values)) {}
+
+    [[nodiscard]] QString text(QStringView column) const { return text(m_columns->indexOf(column)); }
+    /// Throws NumberError when the field holds text that is no number.
+    [[nodiscard]] Decimal decimal(QStringView column) const {
+        return decimal(m_columns->indexOf(column));
+    }
+    [[nodiscard]] qint64 integer(QStringView column) const {
+        return integer(m_columns->indexOf(column));
+    }
+    [[nodiscard]] bool flag(QStringView column) const { return integer(column) != 0; }
+    [[nodiscard]] bool isNull(QStringView column) const {
+        return m_values[m_columns->indexOf(column)].isNull();
+    }
+
+    // By position in the select list, for the few loops where the look-up of a name would count.
+    [[nodiscard]] QString text(size_t index) const;
+    [[nodiscard]] Decimal decimal(size_t index) const;
+    [[nodiscard]] qint64 integer(size_t index) const;
+    [[nodiscard]] const QVariant &raw(size_t index) const { return m_values[index]; }
+
+    [[nodiscard]] const Columns &columns() const { return *m_columns; }
+
+private:
+    std::shared_ptr<const Columns> m_columns;
+    std::vector<QVariant> m_values;
+};
+
+using Rows = std::vector<Row>;
+
+} // namespace jxc
