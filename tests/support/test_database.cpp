@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QDate>
 #include <QRandomGenerator>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QTest>
 
 Q_DECLARE_METATYPE(jxc::Engine)
@@ -13,7 +15,7 @@ namespace jxc::test {
 
 namespace {
 
-constexpr QDate creationDay(2026, 3, 1);
+const QDate creationDay(2026, 3, 1);
 
 QString serverUrl() {
     return qEnvironmentVariable("JXC_TEST_POSTGRES");
