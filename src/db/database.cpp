@@ -21,15 +21,18 @@ QString nextConnectionName() {
 // The tables that every layout of the program has had; a database without them is not ours.
 const QStringList &identifyingTables() {
     static const QStringList tables = {QStringLiteral("jxc_goods"), QStringLiteral("jxc_xtcs"),
-                                       QStringLiteral("jxc_admin"), QStringLiteral("jxc_goodslist")};
+                                       QStringLiteral("jxc_admin"),
+                                       QStringLiteral("jxc_goodslist")};
     return tables;
 }
 
 bool looksLikeSqliteFile(const QString &path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return false;
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
     // A fresh set may still live in its write-ahead log, before the main file got its first page.
-    if (file.size() == 0) return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+    if (file.size() == 0)
+        return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
     return file.read(16) == QByteArray("SQLite format 3\0", 16);
 }
 
@@ -43,7 +46,8 @@ Database::Database(Location location, Opening opening)
     if (isFile && opening == Opening::existing && !looksLikeSqliteFile(m_location.file))
         throw NotOurDatabase(m_location.display());
     try {
-        if (opening == Opening::existing) refuseForeign();
+        if (opening == Opening::existing)
+            refuseForeign();
         open();
     } catch (...) {
         close();
@@ -62,14 +66,16 @@ Database::~Database() {
 void Database::open() {
     m_connection = QSqlDatabase::addDatabase(m_dialect->driverName(), m_connectionName);
     m_dialect->configure(m_connection, m_location);
-    if (!m_connection.open()) fail(m_connection.lastError(), QStringLiteral("connect"));
+    if (!m_connection.open())
+        fail(m_connection.lastError(), QStringLiteral("connect"));
     m_lost = false;
     m_dialect->prepare(*this, m_warnings);
 }
 
 void Database::close() {
     m_statements.clear();
-    if (m_connection.isValid()) m_connection.close();
+    if (m_connection.isValid())
+        m_connection.close();
     m_connection = {};
     QSqlDatabase::removeDatabase(m_connectionName);
 }
@@ -79,9 +85,11 @@ void Database::refuseForeign() {
     m_connection = QSqlDatabase::addDatabase(m_dialect->driverName(), m_connectionName);
     m_dialect->configure(m_connection, m_location);
     if (m_location.engine == Engine::Sqlite)
-        m_connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=5000"));
+        m_connection.setConnectOptions(
+            QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=5000"));
     if (!m_connection.open()) {
-        if (m_location.engine == Engine::Sqlite) throw NotOurDatabase(m_location.display());
+        if (m_location.engine == Engine::Sqlite)
+            throw NotOurDatabase(m_location.display());
         fail(m_connection.lastError(), QStringLiteral("connect"));
     }
     QStringList found;
@@ -93,12 +101,14 @@ void Database::refuseForeign() {
         throw NotOurDatabase(m_location.display());
     }
     for (const QString &table : identifyingTables())
-        if (!found.contains(table)) throw NotOurDatabase(m_location.display());
+        if (!found.contains(table))
+            throw NotOurDatabase(m_location.display());
     close();
 }
 
 void Database::reconnectIfLost() {
-    if (!m_lost) return;
+    if (!m_lost)
+        return;
     close();
     m_depth = 0;
     open();
@@ -149,7 +159,8 @@ QSqlQuery &Database::run(const QString &sql, const Values &values) {
 void Database::runDirect(const QString &sql) {
     observe(sql);
     QSqlQuery query(m_connection);
-    if (!query.exec(sql)) fail(query.lastError(), sql);
+    if (!query.exec(sql))
+        fail(query.lastError(), sql);
 }
 
 QString Database::scalar(const QString &sql, const Values &values) {
@@ -159,7 +170,8 @@ QString Database::scalar(const QString &sql, const Values &values) {
 
 std::optional<Row> Database::row(const QString &sql, const Values &values) {
     Rows all = rows(sql, values);
-    if (all.empty()) return std::nullopt;
+    if (all.empty())
+        return std::nullopt;
     return std::move(all.front());
 }
 
@@ -171,18 +183,21 @@ Rows Database::rows(const QString &sql, const Values &values) {
     QSqlQuery &query = run(sql, values);
     const QSqlRecord record = query.record();
     std::vector<QString> names;
-    for (int i = 0; i < record.count(); ++i) names.push_back(record.fieldName(i));
+    for (int i = 0; i < record.count(); ++i)
+        names.push_back(record.fieldName(i));
     const auto columns = std::make_shared<const Columns>(std::move(names));
     Rows result;
     while (query.next()) {
         std::vector<QVariant> fields;
         fields.reserve(static_cast<size_t>(record.count()));
-        for (int i = 0; i < record.count(); ++i) fields.push_back(query.value(i));
+        for (int i = 0; i < record.count(); ++i)
+            fields.push_back(query.value(i));
         result.emplace_back(columns, std::move(fields));
     }
     const QSqlError error = query.lastError();
     query.finish(); // an open read would hold up writers
-    if (error.isValid()) fail(error, sql);
+    if (error.isValid())
+        fail(error, sql);
     return result;
 }
 
@@ -190,7 +205,8 @@ int Database::execute(const QString &sql, const Values &values) {
     static const QStringList layoutWords = {QStringLiteral("create "), QStringLiteral("drop "),
                                             QStringLiteral("alter ")};
     for (const QString &word : layoutWords) {
-        if (!sql.startsWith(word)) continue;
+        if (!sql.startsWith(word))
+            continue;
         m_statements.clear(); // kept statements were prepared for the old layout
         runDirect(sql);
         return 0;
@@ -205,17 +221,20 @@ namespace {
 
 void checkLength(const Column *column, const Value &value) {
     const QString *text = value.text();
-    if (column == nullptr || text == nullptr || column->length == 0 || text->size() <= column->length)
+    if (column == nullptr || text == nullptr || column->length == 0 ||
+        text->size() <= column->length)
         return;
     // The engines count characters; one outside the basic plane takes two of Qt's units.
     if (text->toUcs4().size() > column->length)
-        throw TextTooLong(column->caption.isEmpty() ? column->name : column->caption, column->length);
+        throw TextTooLong(column->caption.isEmpty() ? column->name : column->caption,
+                          column->length);
 }
 
 std::vector<const Column *> describe(const QString &table, const QStringList &columns) {
     std::vector<const Column *> described;
     described.reserve(static_cast<size_t>(columns.size()));
-    for (const QString &name : columns) described.push_back(column(table, name));
+    for (const QString &name : columns)
+        described.push_back(column(table, name));
     return described;
 }
 
@@ -233,10 +252,12 @@ qint64 Database::insertRow(const QString &table, const Assignments &assignments)
 
 std::vector<qint64> Database::insertRows(const QString &table, const QStringList &columns,
                                          const std::vector<Values> &rows) {
-    if (rows.empty()) return {};
+    if (rows.empty())
+        return {};
     const auto described = describe(table, columns);
     for (const Values &values : rows)
-        for (size_t i = 0; i < values.size(); ++i) checkLength(described[i], values[i]);
+        for (size_t i = 0; i < values.size(); ++i)
+            checkLength(described[i], values[i]);
     return m_dialect->insertRows(*this, table, columns, rows);
 }
 
@@ -251,19 +272,22 @@ int Database::updateRows(const QString &table, const Assignments &assignments, c
         values.push_back(a.value);
     }
     const auto described = describe(table, columns);
-    for (size_t i = 0; i < values.size(); ++i) checkLength(described[i], values[i]);
+    for (size_t i = 0; i < values.size(); ++i)
+        checkLength(described[i], values[i]);
     values.insert(values.end(), whereValues.begin(), whereValues.end());
-    return execute(QStringLiteral("update %1 set %2 where %3").arg(table, settings.join(u','), where),
-                   values);
+    return execute(
+        QStringLiteral("update %1 set %2 where %3").arg(table, settings.join(u','), where), values);
 }
 
 void Database::updateById(const QString &table, const QStringList &columns,
                           const std::vector<Values> &rows) {
-    if (!rows.empty()) m_dialect->updateById(*this, table, columns, rows);
+    if (!rows.empty())
+        m_dialect->updateById(*this, table, columns, rows);
 }
 
 void Database::dropTableIfExists(const QString &table) {
-    if (tableNames().contains(table)) execute(QStringLiteral("drop table ") + table);
+    if (tableNames().contains(table))
+        execute(QStringLiteral("drop table ") + table);
 }
 
 void Database::begin() {
@@ -276,10 +300,12 @@ void Database::begin() {
 }
 
 void Database::commit() {
-    if (m_doomed) throw std::logic_error("commit after a part of the transaction was rolled back");
+    if (m_doomed)
+        throw std::logic_error("commit after a part of the transaction was rolled back");
     if (m_depth == 1) {
         observe(QStringLiteral("commit"));
-        if (!m_connection.commit()) fail(m_connection.lastError(), QStringLiteral("commit"));
+        if (!m_connection.commit())
+            fail(m_connection.lastError(), QStringLiteral("commit"));
     }
     --m_depth;
 }

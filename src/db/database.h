@@ -53,7 +53,8 @@ public:
     int updateRows(const QString &table, const Assignments &assignments, const QString &where,
                    const Values &whereValues);
     /// One statement for many rows; each row is its id followed by the values of the columns.
-    void updateById(const QString &table, const QStringList &columns, const std::vector<Values> &rows);
+    void updateById(const QString &table, const QStringList &columns,
+                    const std::vector<Values> &rows);
 
     void dropTableIfExists(const QString &table);
     [[nodiscard]] QStringList tableNames() { return m_dialect->tableNames(*this); }
@@ -89,7 +90,8 @@ private:
     void runDirect(const QString &sql);
     QSqlQuery &prepared(const QString &sql);
     void observe(const QString &sql) {
-        if (m_observer) m_observer(sql);
+        if (m_observer)
+            m_observer(sql);
     }
     [[noreturn]] void fail(const QSqlError &error, const QString &sql);
 

@@ -6,7 +6,8 @@
 namespace jxc {
 
 std::unique_ptr<Dialect> Dialect::create(Engine engine) {
-    if (engine == Engine::Postgres) return std::make_unique<PostgresDialect>();
+    if (engine == Engine::Postgres)
+        return std::make_unique<PostgresDialect>();
     return std::make_unique<SqliteDialect>();
 }
 

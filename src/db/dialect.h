@@ -38,6 +38,11 @@ public:
     /// Throws the error of ours that stands for the driver's.
     [[noreturn]] virtual void raise(const QSqlError &error, const QString &statement) const = 0;
 
+    /// SQL for the exact sum of a numeric column over a group, and of the products of two. The
+    /// embedded engine's own sum adds doubles.
+    [[nodiscard]] virtual QString exactSum(const QString &column) const = 0;
+    [[nodiscard]] virtual QString exactSumOfProducts(const QString &a, const QString &b) const = 0;
+
     /// Inserts rows in order, answers their ids in that order.
     virtual std::vector<qint64> insertRows(Database &db, const QString &table,
                                            const QStringList &columns,

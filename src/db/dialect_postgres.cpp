@@ -15,9 +15,11 @@ constexpr auto beginStatement = "begin; set local lock_timeout='5s'; "
                                 "select pg_advisory_xact_lock(8165, hashtext(current_schema()))";
 
 QString arrayType(const QString &table, const QString &columnName) {
-    if (columnName == QLatin1String("id")) return QStringLiteral("bigint[]");
+    if (columnName == QLatin1String("id"))
+        return QStringLiteral("bigint[]");
     const Column *described = jxc::column(table, columnName);
-    if (described == nullptr) return QStringLiteral("text[]");
+    if (described == nullptr)
+        return QStringLiteral("text[]");
     switch (described->type) {
     case ColumnType::Numeric:
         return QStringLiteral("numeric[]");
@@ -31,8 +33,10 @@ QString arrayType(const QString &table, const QString &columnName) {
 }
 
 QString arrayElement(const Value &value) {
-    if (const qint64 *number = value.number()) return QString::number(*number);
-    if (const Decimal *figure = value.figure()) return figure->toText();
+    if (const qint64 *number = value.number())
+        return QString::number(*number);
+    if (const Decimal *figure = value.figure())
+        return figure->toText();
     if (const QString *text = value.text()) {
         QString quoted = *text;
         quoted.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
@@ -47,7 +51,8 @@ Values columnArrays(const std::vector<Values> &rows) {
     for (size_t c = 0; c < rows.front().size(); ++c) {
         QStringList elements;
         elements.reserve(static_cast<qsizetype>(rows.size()));
-        for (const Values &row : rows) elements << arrayElement(row[c]);
+        for (const Values &row : rows)
+            elements << arrayElement(row[c]);
         arrays.emplace_back(QString(u'{' + elements.join(u',') + u'}'));
     }
     return arrays;
@@ -55,26 +60,32 @@ Values columnArrays(const std::vector<Values> &rows) {
 
 QString unnest(const QString &table, const QStringList &columns) {
     QStringList parameters;
-    for (const QString &column : columns) parameters << QStringLiteral("?::") + arrayType(table, column);
+    for (const QString &column : columns)
+        parameters << QStringLiteral("?::") + arrayType(table, column);
     return QStringLiteral("unnest(%1)").arg(parameters.join(u','));
 }
 
-[[noreturn]] void raiseByState(const QString &state, const QString &text, const QString &statement) {
+[[noreturn]] void raiseByState(const QString &state, const QString &text,
+                               const QString &statement) {
     if (state == QLatin1String("40001") || state == QLatin1String("40P01") ||
         state == QLatin1String("55P03"))
-        throw BusyError(QStringLiteral("数据库正忙，其他操作员正在使用，请稍后再试！"), statement, state);
+        throw BusyError(QStringLiteral("数据库正忙，其他操作员正在使用，请稍后再试！"), statement,
+                        state);
     // The client library itself has no state to report: the server did not answer.
     if (state.isEmpty() || state.startsWith(QLatin1String("08")) ||
         state.startsWith(QLatin1String("57P")))
         throw ConnectionLost(
-            QStringLiteral("与数据库服务器的连接已断开或不能连接，请检查网络后重试！"), statement, state);
+            QStringLiteral("与数据库服务器的连接已断开或不能连接，请检查网络后重试！"), statement,
+            state);
     if (state == QLatin1String("53100"))
         throw DatabaseError(QStringLiteral("磁盘空间不足，本次操作没有保存！"), statement, state);
-    if (state == QLatin1String("22003")) throw RangeError();
+    if (state == QLatin1String("22003"))
+        throw RangeError();
     if (state == QLatin1String("3D000"))
         throw DatabaseError(QStringLiteral("数据库不存在，请先在服务器上建立！"), statement, state);
     if (state.startsWith(QLatin1String("28")))
-        throw DatabaseError(QStringLiteral("数据库服务器拒绝登录，请检查用户名和密码！"), statement, state);
+        throw DatabaseError(QStringLiteral("数据库服务器拒绝登录，请检查用户名和密码！"), statement,
+                            state);
     throw DatabaseError(text, statement, state);
 }
 
@@ -103,9 +114,12 @@ void PostgresDialect::prepare(Database &db, QStringList &) const {
 }
 
 QVariant PostgresDialect::bind(const Value &value) const {
-    if (const QString *text = value.text()) return text->isNull() ? QStringLiteral("") : *text;
-    if (const qint64 *number = value.number()) return *number;
-    if (const Decimal *figure = value.figure()) return figure->toText();
+    if (const QString *text = value.text())
+        return text->isNull() ? QStringLiteral("") : *text;
+    if (const qint64 *number = value.number())
+        return *number;
+    if (const Decimal *figure = value.figure())
+        return figure->toText();
     return {};
 }
 
@@ -122,6 +136,14 @@ void PostgresDialect::raise(const QSqlError &error, const QString &statement) co
     raiseByState(error.nativeErrorCode(), error.text(), statement);
 }
 
+QString PostgresDialect::exactSum(const QString &column) const {
+    return QStringLiteral("sum(%1)").arg(column);
+}
+
+QString PostgresDialect::exactSumOfProducts(const QString &a, const QString &b) const {
+    return QStringLiteral("sum(%1*%2)").arg(a, b);
+}
+
 std::vector<qint64> PostgresDialect::insertRows(Database &db, const QString &table,
                                                 const QStringList &columns,
                                                 const std::vector<Values> &rows) const {
@@ -131,14 +153,16 @@ std::vector<qint64> PostgresDialect::insertRows(Database &db, const QString &tab
             .arg(table, columns.join(u','), unnest(table, columns));
     std::vector<qint64> ids;
     ids.reserve(rows.size());
-    for (const Row &row : db.rows(sql, columnArrays(rows))) ids.push_back(row.integer(size_t{0}));
+    for (const Row &row : db.rows(sql, columnArrays(rows)))
+        ids.push_back(row.integer(size_t{0}));
     return ids;
 }
 
 void PostgresDialect::updateById(Database &db, const QString &table, const QStringList &columns,
                                  const std::vector<Values> &rows) const {
     QStringList settings;
-    for (const QString &column : columns) settings << QStringLiteral("%1=n.%1").arg(column);
+    for (const QString &column : columns)
+        settings << QStringLiteral("%1=n.%1").arg(column);
     const QStringList all = QStringList{QStringLiteral("id")} + columns;
     db.execute(QStringLiteral("update %1 set %2 from %3 as n(%4) where %1.id=n.id")
                    .arg(table, settings.join(u','), unnest(table, all), all.join(u',')),
@@ -147,18 +171,19 @@ void PostgresDialect::updateById(Database &db, const QString &table, const QStri
 
 QStringList PostgresDialect::tableNames(Database &db) const {
     QStringList names;
-    for (const Row &row :
-         db.rows(QStringLiteral("select tablename from pg_tables where schemaname=current_schema()")))
+    for (const Row &row : db.rows(
+             QStringLiteral("select tablename from pg_tables where schemaname=current_schema()")))
         names << row.text(size_t{0});
     return names;
 }
 
 QStringList PostgresDialect::columnNames(Database &db, const QString &table) const {
     QStringList names;
-    for (const Row &row : db.rows(QStringLiteral("select column_name from information_schema.columns "
-                                                 "where table_schema=current_schema() and table_name=? "
-                                                 "order by ordinal_position"),
-                                  {table}))
+    for (const Row &row :
+         db.rows(QStringLiteral("select column_name from information_schema.columns "
+                                "where table_schema=current_schema() and table_name=? "
+                                "order by ordinal_position"),
+                 {table}))
         names << row.text(size_t{0});
     return names;
 }

@@ -13,6 +13,8 @@ public:
     [[nodiscard]] QVariant bind(const Value &value) const override;
     void beginWriting(Database &db) const override;
     [[noreturn]] void raise(const QSqlError &error, const QString &statement) const override;
+    [[nodiscard]] QString exactSum(const QString &column) const override;
+    [[nodiscard]] QString exactSumOfProducts(const QString &a, const QString &b) const override;
     std::vector<qint64> insertRows(Database &db, const QString &table, const QStringList &columns,
                                    const std::vector<Values> &rows) const override;
     void updateById(Database &db, const QString &table, const QStringList &columns,

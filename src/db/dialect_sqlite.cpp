@@ -1,6 +1,7 @@
 #include "db/dialect_sqlite.h"
 
 #include "db/database.h"
+#include "db/sqlite_sums.h"
 
 #include <QFileInfo>
 #include <QSqlQuery>
@@ -23,7 +24,8 @@ bool onNetworkDrive(const QString &path) {
 
 QString placeholders(qsizetype count) {
     QStringList marks;
-    for (qsizetype i = 0; i < count; ++i) marks << QStringLiteral("?");
+    for (qsizetype i = 0; i < count; ++i)
+        marks << QStringLiteral("?");
     return marks.join(u',');
 }
 
@@ -46,18 +48,22 @@ void SqliteDialect::prepare(Database &db, QStringList &warnings) const {
     const QString wanted = remote ? QStringLiteral("delete") : QStringLiteral("wal");
     const QString got = db.scalar(QStringLiteral("pragma journal_mode=") + wanted);
     if (remote || got != wanted)
-        warnings << QStringLiteral("数据文件不在本机硬盘上，多台电脑同时使用时建议改用PostgreSQL！");
+        warnings << QStringLiteral(
+            "数据文件不在本机硬盘上，多台电脑同时使用时建议改用PostgreSQL！");
     // A misspelt pragma succeeds, so what matters is read back.
     db.runDirect(QStringLiteral("pragma synchronous=full"));
     if (db.scalar(QStringLiteral("pragma synchronous")) != QLatin1String("2"))
         throw DatabaseError(QStringLiteral("数据库不能设为安全写入方式！"), {}, {});
+    registerExactSums(db);
     db.runDirect(QStringLiteral("pragma cache_size=-32768"));
     db.runDirect(QStringLiteral("pragma temp_store=memory"));
 }
 
 QVariant SqliteDialect::bind(const Value &value) const {
-    if (const QString *text = value.text()) return text->isNull() ? QStringLiteral("") : *text;
-    if (const qint64 *number = value.number()) return *number;
+    if (const QString *text = value.text())
+        return text->isNull() ? QStringLiteral("") : *text;
+    if (const qint64 *number = value.number())
+        return *number;
     if (const Decimal *figure = value.figure()) {
         if (figure->isWhole() && figure->abs() < Decimal::fromInteger(exactInDouble))
             return static_cast<qint64>(figure->micros() / 1'000'000);
@@ -75,22 +81,33 @@ void SqliteDialect::raise(const QSqlError &error, const QString &statement) cons
     switch (code.toInt() & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        throw BusyError(QStringLiteral("数据库正忙，其他操作员正在使用，请稍后再试！"), statement, code);
+        throw BusyError(QStringLiteral("数据库正忙，其他操作员正在使用，请稍后再试！"), statement,
+                        code);
     case SQLITE_FULL:
         throw DatabaseError(QStringLiteral("磁盘空间不足，本次操作没有保存！"), statement, code);
     case SQLITE_READONLY:
     case SQLITE_PERM:
-        throw DatabaseError(QStringLiteral("数据文件是只读的，本次操作没有保存！"), statement, code);
+        throw DatabaseError(QStringLiteral("数据文件是只读的，本次操作没有保存！"), statement,
+                            code);
     case SQLITE_CANTOPEN:
         throw DatabaseError(QStringLiteral("数据文件不能打开！"), statement, code);
     case SQLITE_IOERR:
-        throw DatabaseError(QStringLiteral("读写数据文件出错，本次操作没有保存！"), statement, code);
+        throw DatabaseError(QStringLiteral("读写数据文件出错，本次操作没有保存！"), statement,
+                            code);
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
         throw DatabaseError(QStringLiteral("数据文件已损坏，请用备份恢复！"), statement, code);
     default:
         throw DatabaseError(error.text(), statement, code);
     }
+}
+
+QString SqliteDialect::exactSum(const QString &column) const {
+    return QStringLiteral("exact_sum(%1)").arg(column);
+}
+
+QString SqliteDialect::exactSumOfProducts(const QString &a, const QString &b) const {
+    return QStringLiteral("exact_sum_of_products(%1,%2)").arg(a, b);
 }
 
 std::vector<qint64> SqliteDialect::insertRows(Database &db, const QString &table,
@@ -111,8 +128,10 @@ std::vector<qint64> SqliteDialect::insertRows(Database &db, const QString &table
 void SqliteDialect::updateById(Database &db, const QString &table, const QStringList &columns,
                                const std::vector<Values> &rows) const {
     QStringList settings;
-    for (const QString &column : columns) settings << column + QStringLiteral("=?");
-    const QString sql = QStringLiteral("update %1 set %2 where id=?").arg(table, settings.join(u','));
+    for (const QString &column : columns)
+        settings << column + QStringLiteral("=?");
+    const QString sql =
+        QStringLiteral("update %1 set %2 where id=?").arg(table, settings.join(u','));
     for (const Values &row : rows) {
         Values values(row.begin() + 1, row.end());
         values.push_back(row.front());
@@ -122,7 +141,8 @@ void SqliteDialect::updateById(Database &db, const QString &table, const QString
 
 QStringList SqliteDialect::tableNames(Database &db) const {
     QStringList names;
-    for (const Row &row : db.rows(QStringLiteral("select name from sqlite_master where type='table'")))
+    for (const Row &row :
+         db.rows(QStringLiteral("select name from sqlite_master where type='table'")))
         names << row.text(size_t{0});
     return names;
 }

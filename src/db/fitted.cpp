@@ -10,7 +10,8 @@ QString fitted(QStringView tableName, QStringView columnName, const QString &tex
         return text;
     // The engines count characters; one outside the basic plane takes two of Qt's units.
     const auto characters = text.toUcs4();
-    if (characters.size() <= description->length) return text;
+    if (characters.size() <= description->length)
+        return text;
     return QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()),
                              description->length);
 }

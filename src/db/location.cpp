@@ -14,9 +14,11 @@ Location Location::ofFile(const QString &path) {
 }
 
 Location Location::parse(const QString &pathOrUrl) {
-    if (!pathOrUrl.contains(QLatin1String("://"))) return ofFile(pathOrUrl);
+    if (!pathOrUrl.contains(QLatin1String("://")))
+        return ofFile(pathOrUrl);
     const QUrl url(pathOrUrl);
-    const bool ours = url.scheme() == QLatin1String("postgresql") || url.scheme() == QLatin1String("postgres");
+    const bool ours =
+        url.scheme() == QLatin1String("postgresql") || url.scheme() == QLatin1String("postgres");
     if (!ours || !url.isValid() || url.path().size() < 2)
         throw DatabaseError(QStringLiteral("数据库地址无效：%1").arg(pathOrUrl), {}, {});
     Location location;
@@ -30,9 +32,11 @@ Location Location::parse(const QString &pathOrUrl) {
 }
 
 QString Location::display() const {
-    if (engine == Engine::Sqlite) return QDir::toNativeSeparators(file);
+    if (engine == Engine::Sqlite)
+        return QDir::toNativeSeparators(file);
     QString text = QStringLiteral("postgresql://");
-    if (!userName.isEmpty()) text += userName + u'@';
+    if (!userName.isEmpty())
+        text += userName + u'@';
     return text + QStringLiteral("%1:%2/%3").arg(host).arg(port).arg(databaseName);
 }
 

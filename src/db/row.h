@@ -29,7 +29,9 @@ public:
         : m_columns(std::move(columns))
         , m_values(std::move(values)) {}
 
-    [[nodiscard]] QString text(QStringView column) const { return text(m_columns->indexOf(column)); }
+    [[nodiscard]] QString text(QStringView column) const {
+        return text(m_columns->indexOf(column));
+    }
     /// Throws NumberError when the field holds text that is no number.
     [[nodiscard]] Decimal decimal(QStringView column) const {
         return decimal(m_columns->indexOf(column));

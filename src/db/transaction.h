@@ -13,7 +13,8 @@ public:
         m_db.begin();
     }
     ~Transaction() {
-        if (!m_done) m_db.rollback();
+        if (!m_done)
+            m_db.rollback();
     }
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
