@@ -1,0 +1,130 @@
+#include "stock/batches.h"
+
+#include "core/action.h"
+#include "core/parameters.h"
+#include "db/database.h"
+#include "stock/document_kind.h"
+
+namespace jxc {
+
+namespace {
+
+Batch batchOf(const Row &row) {
+    return {row.text(u"t_ph"), row.text(u"t_yxq"), row.text(u"t_scrq")};
+}
+
+void change(Database &db, const QString &goods, const QString &warehouse, Decimal quantity,
+            const Batch &batch) {
+    BatchChanges changes;
+    changes.add(goods, warehouse, batch, quantity);
+    changes.write(db);
+}
+
+struct BatchOfGoods {
+    QString goods;
+    Batch batch;
+    friend bool operator<(const BatchOfGoods &a, const BatchOfGoods &b) {
+        return std::tie(a.goods, a.batch) < std::tie(b.goods, b.batch);
+    }
+};
+
+/// Base quantity that a document takes from each batch.
+std::map<BatchOfGoods, Decimal> taken(Database &db, const DocumentKind &kind,
+                                      const QString &number) {
+    std::map<BatchOfGoods, Decimal> sums;
+    for (const Row &row : db.rows(
+             QStringLiteral("select g_sn,t_ph,t_yxq,t_scrq,%1 as sl from %2 where %3=? and g_sn<>?")
+                 .arg(kind.baseQuantityColumn, kind.lineTable, kind.numberColumn),
+             {number, discountGoods}))
+        sums[{row.text(u"g_sn"), batchOf(row)}] += row.decimal(u"sl");
+    return sums;
+}
+
+std::map<BatchOfGoods, Decimal> held(Database &db, const DocumentKind &kind, const QString &number,
+                                     const QString &warehouse) {
+    std::map<BatchOfGoods, Decimal> stock;
+    for (const Row &row :
+         db.rows(QStringLiteral("select g_sn,t_ph,t_yxq,t_scrq,t_sl from jxc_tkc where "
+                                "ck_sn=? and g_sn in (select g_sn from %1 where %2=?)")
+                     .arg(kind.lineTable, kind.numberColumn),
+                 {warehouse, number}))
+        stock[{row.text(u"g_sn"), batchOf(row)}] += row.decimal(u"t_sl");
+    return stock;
+}
+
+} // namespace
+
+Batch Batch::normalised() const {
+    if (!number.isEmpty())
+        return *this;
+    return {number, QStringLiteral("0000-00"), produced};
+}
+
+void BatchChanges::add(const QString &goods, const QString &warehouse, const Batch &batch,
+                       Decimal quantity) {
+    if (!quantity.isZero())
+        m_changes[{goods, warehouse, batch.normalised()}] += quantity;
+}
+
+void BatchChanges::write(Database &db) const {
+    const QString table = QStringLiteral("jxc_tkc");
+    std::vector<Values> updates;
+    std::vector<Values> inserts;
+    for (const auto &[key, quantity] : m_changes) {
+        const auto row = db.row(
+            QStringLiteral("select id,t_sl from jxc_tkc where g_sn=? and ck_sn=? and "
+                           "t_ph=? and t_yxq=? and t_scrq=? order by id"),
+            {key.goods, key.warehouse, key.batch.number, key.batch.expiry, key.batch.produced});
+        if (row)
+            updates.push_back({row->integer(u"id"), row->decimal(u"t_sl") + quantity});
+        else
+            inserts.push_back({key.goods, QString(), key.batch.number, key.batch.expiry, quantity,
+                               key.warehouse, key.batch.produced});
+    }
+    db.updateById(table, {QStringLiteral("t_sl")}, updates);
+    db.insertRows(table,
+                  {QStringLiteral("g_sn"), QStringLiteral("t_jhrq"), QStringLiteral("t_ph"),
+                   QStringLiteral("t_yxq"), QStringLiteral("t_sl"), QStringLiteral("ck_sn"),
+                   QStringLiteral("t_scrq")},
+                  inserts);
+}
+
+Decimal getTkcSl(Database &db, const QString &goods, const QString &warehouse, const Batch &batch) {
+    const auto row =
+        db.row(QStringLiteral("select t_sl from jxc_tkc where g_sn=? and ck_sn=? and t_ph=? "
+                              "and t_yxq=? and t_scrq=?"),
+               {goods, warehouse, batch.number, batch.expiry, batch.produced});
+    return row ? row->decimal(u"t_sl") : Decimal();
+}
+
+void addTkc(Database &db, const QString &goods, const QString &warehouse, Decimal quantity,
+            const Batch &batch) {
+    change(db, goods, warehouse, quantity, batch);
+}
+
+void subTkc(Database &db, const QString &goods, const QString &warehouse, Decimal quantity,
+            const Batch &batch) {
+    change(db, goods, warehouse, -quantity, batch);
+}
+
+void checkTkcEnough(Database &db, const Parameters &parameters, Answers &answers,
+                    const DocumentKind &kind, const QString &number, const QString &warehouse) {
+    if (kind.shortageWord.isEmpty())
+        return;
+    const auto stock = held(db, kind, number, warehouse);
+    for (const auto &[key, quantity] : taken(db, kind, number)) {
+        const auto batch = stock.find(key);
+        if (batch == stock.end() || !batch->second.isPositive() || quantity <= batch->second)
+            continue;
+        const QString opening =
+            QStringLiteral("该单据对应的批号、有效期中至少一种商品库存不足，\r\n\r\n“%1”：")
+                .arg(key.goods);
+        if (!parameters.negativeStockAsks)
+            throw Refusal(opening + QStringLiteral("不能%1！").arg(kind.shortageWord));
+        answers.require(opening +
+                        QStringLiteral("%1将会出现负库存，是否继续？").arg(kind.shortageWord));
+        return;
+    }
+}
+
+} // namespace jxc

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/action.h"
+
+namespace jxc {
+
+class Session;
+
+/// Approves a document of any kind: its journal rows, stock, batches, costs, money and log line are
+/// written in one transaction, or nothing is. Refusals come in this order: the right, exists, not
+/// approved yet, date and lines, stocktaking, the kind's own limits, batches.
+Outcome approveDocument(Session &session, Prompter &prompter, const QString &number);
+
+/// Takes an approval back, whole. Refusals in this order: exists and is approved, the right (the
+/// administrator, the approver, or the kind's cancelling right), documents that follow,
+/// stocktaking; then the question.
+Outcome cancelDocument(Session &session, Prompter &prompter, const QString &number);
+
+/// The same inside a transaction that is already open.
+void approveInTransaction(Session &session, Answers &answers, const QString &number);
+void cancelInTransaction(Session &session, Answers &answers, const QString &number);
+
+/// What a second approver is told.
+inline const QString changedMeanwhile =
+    QStringLiteral("单据已被其他操作员修改或审核，请刷新后重试！");
+
+} // namespace jxc

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "core/parameters.h"
+
+#include <QString>
+#include <tuple>
+
+namespace jxc {
+
+class Database;
+
+/// The journal of one goods in one warehouse.
+struct JournalKey {
+    QString goods;
+    QString warehouse;
+    friend bool operator<(const JournalKey &a, const JournalKey &b) {
+        return std::tie(a.goods, a.warehouse) < std::tie(b.goods, b.warehouse);
+    }
+};
+
+/// Stock, average cost and stock value after a row of the journal.
+struct JournalState {
+    Decimal stock;
+    Decimal cost;
+    Decimal value;
+    friend bool operator==(const JournalState &, const JournalState &) = default;
+};
+
+/// Applies one row to a state by the moving average.
+///
+/// Phases: (1) the stock moves; where row and stock have opposite signs the average is taken over
+/// absolute values, deliberately also for a return out of a positive stock; (2) a kind that sets
+/// cost takes |value / quantity|, or the row's price when the stock comes to nothing; (3) cost,
+/// stock and value are rounded, after 0.000000001 is added to each.
+[[nodiscard]] JournalState applyJournalRow(const JournalState &before, QStringView flag,
+                                           Decimal quantity, Decimal price,
+                                           const Parameters &parameters);
+
+/// Where a walk starts and what set it off.
+struct WalkStart {
+    JournalKey key;
+    QString date;           ///< the whole day is walked anew
+    qint64 lastTouched = 0; ///< id of the last row added or taken out on that day
+    QString flag;           ///< kind of the row that set it off
+};
+
+/// Re-costs the journal of one goods in one warehouse from the start's day to its end and writes
+/// the rows whose figures changed. Afterwards, when the kind of the start sets cost and the
+/// parameters allow it, the stock row takes the cost of the last row (of the opening state when the
+/// walk is empty). Answers that cost.
+Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start);
+
+} // namespace jxc
