@@ -35,13 +35,15 @@ constexpr Wide typeLimit = power(12) * power(12) * 10'000; // 10^28 millionths
 
 Wide checkedMultiply(Wide a, Wide b) {
     Wide r = 0;
-    if (__builtin_mul_overflow(a, b, &r)) throw RangeError();
+    if (__builtin_mul_overflow(a, b, &r))
+        throw RangeError();
     return r;
 }
 
 Wide checkedAdd(Wide a, Wide b) {
     Wide r = 0;
-    if (__builtin_add_overflow(a, b, &r)) throw RangeError();
+    if (__builtin_add_overflow(a, b, &r))
+        throw RangeError();
     return r;
 }
 
@@ -53,7 +55,8 @@ Wide magnitude(Wide v) {
 Wide divideRounding(Wide value, Wide divisor) {
     const Wide quotient = value / divisor;
     const Wide rest = magnitude(value % divisor);
-    if (rest >= divisor - rest) return quotient + (value < 0 ? -1 : 1);
+    if (rest >= divisor - rest)
+        return quotient + (value < 0 ? -1 : 1);
     return quotient;
 }
 
@@ -71,10 +74,12 @@ std::string plainDigits(Wide micros) {
         digits.insert(digits.begin(), static_cast<char>('0' + static_cast<int>(rest % 10)));
         rest /= 10;
     } while (rest != 0);
-    if (digits.size() < 7) digits.insert(0, 7 - digits.size(), '0');
+    if (digits.size() < 7)
+        digits.insert(0, 7 - digits.size(), '0');
     digits.insert(digits.size() - 6, 1, '.');
     digits.erase(digits.find_last_not_of('0') + 1);
-    if (digits.back() == '.') digits.pop_back();
+    if (digits.back() == '.')
+        digits.pop_back();
     return negative ? "-" + digits : digits;
 }
 
@@ -94,9 +99,11 @@ bool parseMicros(std::string_view text, Wide &micros) {
     int exponent = 0;
     if (const auto e = text.find_first_of("eE"); e != std::string_view::npos) {
         std::string_view tail = text.substr(e + 1);
-        if (!tail.empty() && tail.front() == '+') tail.remove_prefix(1);
+        if (!tail.empty() && tail.front() == '+')
+            tail.remove_prefix(1);
         const auto [end, error] = std::from_chars(tail.data(), tail.data() + tail.size(), exponent);
-        if (error != std::errc() || end != tail.data() + tail.size() || tail.empty()) return false;
+        if (error != std::errc() || end != tail.data() + tail.size() || tail.empty())
+            return false;
         text = text.substr(0, e);
         if (exponent < -60 || exponent > 60) {
             if (exponent < 0) {
@@ -115,23 +122,30 @@ bool parseMicros(std::string_view text, Wide &micros) {
     std::string digits;
     for (const char c : text) {
         if (c == '.') {
-            if (seenPoint) return false;
+            if (seenPoint)
+                return false;
             seenPoint = true;
             continue;
         }
-        if (c < '0' || c > '9') return false;
+        if (c < '0' || c > '9')
+            return false;
         seenDigit = true;
         digits.push_back(c);
-        if (seenPoint) ++places;
+        if (seenPoint)
+            ++places;
     }
-    if (!seenDigit) return false;
+    if (!seenDigit)
+        return false;
     kept = static_cast<int>(digits.size()) - places + exponent + 6; // digits that form millionths
     for (int i = 0; i < kept; ++i) {
-        const int digit = i < static_cast<int>(digits.size()) ? digits[static_cast<size_t>(i)] - '0' : 0;
+        const int digit =
+            i < static_cast<int>(digits.size()) ? digits[static_cast<size_t>(i)] - '0' : 0;
         value = value * 10 + digit;
-        if (value > typeLimit) throw RangeError();
+        if (value > typeLimit)
+            throw RangeError();
     }
-    if (kept >= 0 && kept < static_cast<int>(digits.size()) && digits[static_cast<size_t>(kept)] >= '5')
+    if (kept >= 0 && kept < static_cast<int>(digits.size()) &&
+        digits[static_cast<size_t>(kept)] >= '5')
         ++value;
     micros = negative ? -value : value;
     return true;
@@ -144,29 +158,35 @@ NumberError::NumberError(const QString &text)
 
 Decimal Decimal::fromMicros(Wide micros) {
     if (magnitude(micros) >= alwaysRepresentable) {
-        if (magnitude(micros) >= typeLimit) throw RangeError();
-        if (fromDouble(nearestDouble(micros)).m_micros != micros) throw RangeError();
+        if (magnitude(micros) >= typeLimit)
+            throw RangeError();
+        if (fromDouble(nearestDouble(micros)).m_micros != micros)
+            throw RangeError();
     }
     return raw(micros);
 }
 
 Decimal Decimal::fromDouble(double value) {
-    if (!std::isfinite(value)) throw RangeError();
+    if (!std::isfinite(value))
+        throw RangeError();
     if (std::fabs(value) < 8'589'934'592.0)
         return raw(static_cast<Wide>(std::llrintl(static_cast<long double>(value) * 1e6L)));
     std::array<char, 64> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     Wide micros = 0;
     parseMicros({buffer.data(), static_cast<size_t>(result.ptr - buffer.data())}, micros);
-    if (magnitude(micros) >= typeLimit) throw RangeError();
+    if (magnitude(micros) >= typeLimit)
+        throw RangeError();
     return raw(micros);
 }
 
 Decimal Decimal::fromText(QStringView text) {
     const QStringView trimmed = text.trimmed();
-    if (trimmed.isEmpty()) return {};
+    if (trimmed.isEmpty())
+        return {};
     Wide micros = 0;
-    if (!parseMicros(trimmed.toUtf8().toStdString(), micros)) throw NumberError(trimmed.toString());
+    if (!parseMicros(trimmed.toUtf8().toStdString(), micros))
+        throw NumberError(trimmed.toString());
     return fromMicros(micros);
 }
 
@@ -183,7 +203,8 @@ QString Decimal::toText() const {
 
 QString Decimal::toText(int places) const {
     QString text = rounded(places).toText();
-    if (places == 0) return text;
+    if (places == 0)
+        return text;
     qsizetype point = text.indexOf(u'.');
     if (point < 0) {
         point = text.size();
@@ -244,6 +265,13 @@ Product operator*(Decimal a, Decimal b) {
     return p;
 }
 
+Decimal roundedProduct(Decimal a, Decimal b, Decimal c, int places) {
+    const Wide exact =
+        checkedMultiply(checkedMultiply(a.micros(), b.micros()), c.micros()); // 10^-18
+    return Decimal::fromMicros(divideRounding(exact, power(12) * power(6 - places)) *
+                               power(6 - places));
+}
+
 Ratio::Ratio(Product numerator, Decimal denominator)
     : m_numerator(denominator.isNegative() ? -numerator.m_pico : numerator.m_pico)
     , m_denominator(denominator.abs().micros()) {}
@@ -255,13 +283,16 @@ Ratio Ratio::abs() const {
 }
 
 Decimal Ratio::rounded(int places) const {
-    if (m_denominator == 0) return {};
-    const Wide units = divideRounding(m_numerator, checkedMultiply(m_denominator, power(6 - places)));
+    if (m_denominator == 0)
+        return {};
+    const Wide units =
+        divideRounding(m_numerator, checkedMultiply(m_denominator, power(6 - places)));
     return Decimal::fromMicros(checkedMultiply(units, power(6 - places)));
 }
 
 Decimal Ratio::roundedUp9(int places) const {
-    if (m_denominator == 0) return {};
+    if (m_denominator == 0)
+        return {};
     // n/d + 10^-9 over the common denominator, all in whole numbers.
     const Wide numerator = checkedAdd(checkedMultiply(m_numerator, 1'000), m_denominator);
     const Wide units = divideRounding(numerator, checkedMultiply(m_denominator, power(9 - places)));

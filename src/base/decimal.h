@@ -34,7 +34,8 @@ public:
     using Wide = __int128;
 
     constexpr Decimal() = default;
-    constexpr Decimal(int whole) // NOLINT(google-explicit-constructor): whole numbers read naturally
+    constexpr Decimal(
+        int whole) // NOLINT(google-explicit-constructor): whole numbers read naturally
         : m_micros(static_cast<Wide>(whole) * one) {}
 
     /// A number of millionths.
@@ -112,6 +113,9 @@ private:
 
 Product operator*(Decimal a, Decimal b);
 
+/// The exact product of three, rounded half away from zero: quantity times price times discount.
+[[nodiscard]] Decimal roundedProduct(Decimal a, Decimal b, Decimal c, int places);
+
 /// The exact quotient of a product (or decimal) and a decimal. A quotient by zero is zero: that is
 /// the books' rule for a line without quantity.
 class Ratio {
@@ -129,7 +133,11 @@ private:
     Decimal::Wide m_denominator; // 10^-6, positive, or 0
 };
 
-inline Ratio operator/(const Product &a, Decimal b) { return {a, b}; }
-inline Ratio operator/(Decimal a, Decimal b) { return {a, b}; }
+inline Ratio operator/(const Product &a, Decimal b) {
+    return {a, b};
+}
+inline Ratio operator/(Decimal a, Decimal b) {
+    return {a, b};
+}
 
 } // namespace jxc

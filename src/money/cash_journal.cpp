@@ -1,5 +1,7 @@
 #include "money/cash_journal.h"
 
+#include "core/action.h"
+#include "core/parameters.h"
 #include "db/database.h"
 #include "db/fitted.h"
 #include "money/fees.h"
@@ -7,6 +9,14 @@
 #include <map>
 
 namespace jxc {
+
+void refuseShortAccount(Database &db, const Parameters &parameters, const QString &account,
+                        Decimal amount) {
+    if (!parameters.refuseShortAccount || !amount.isNegative())
+        return;
+    if ((AccountBalance(db, account) + amount).isNegative())
+        throw Refusal(QStringLiteral("账户“%1”余额不足，不能付款！").arg(account));
+}
 
 void addCashEntry(Database &db, const CashEntry &entry) {
     const QString table = QStringLiteral("jxc_xjyh");

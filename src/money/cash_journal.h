@@ -7,6 +7,7 @@
 namespace jxc {
 
 class Database;
+struct Parameters;
 
 /// A movement of money on an account (the cash account "现金" or a bank account). Money in is
 /// positive, money out negative.
@@ -19,6 +20,11 @@ struct CashEntry {
     QString partnerNo, partnerName; ///< customers too
     QString clerkName, warehouseName, note, operatorName;
 };
+
+/// While the parameters forbid it (cs_xjyh), refuses a payment (negative amount) that the account
+/// cannot bear.
+void refuseShortAccount(Database &db, const Parameters &parameters, const QString &account,
+                        Decimal amount);
 
 /// Appends an approved row and brings the account's balances up to date from its date on.
 void addCashEntry(Database &db, const CashEntry &entry);

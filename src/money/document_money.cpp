@@ -1,6 +1,5 @@
 #include "money/document_money.h"
 
-#include "core/action.h"
 #include "core/session.h"
 #include "db/database.h"
 #include "money/cash_journal.h"
@@ -17,14 +16,6 @@ QString freightNote(const QString &document, const QString &number) {
 
 QString packingNote(const QString &document, const QString &number) {
     return document + number + QStringLiteral("产生的包装费");
-}
-
-void refuseShortAccount(Database &db, const Parameters &parameters, const QString &account,
-                        Decimal amount) {
-    if (!parameters.refuseShortAccount || !amount.isNegative())
-        return;
-    if ((AccountBalance(db, account) + amount).isNegative())
-        throw Refusal(QStringLiteral("账户“%1”余额不足，不能付款！").arg(account));
 }
 
 void postFee(Session &session, const Parameters &parameters, const DocumentMoney &m,

@@ -122,6 +122,27 @@ void checkFollowers(Database &db, const Document &d) {
 
 } // namespace
 
+void postDocument(Session &session, const Parameters &parameters, const Document &d) {
+    Database &db = session.db();
+    const DocumentKind &kind = d.kind;
+    if (kind.payments != nullptr)
+        postDocumentMoney(session, parameters, kind.payments(d));
+    if (kind.markApproved != nullptr)
+        kind.markApproved(db, d.number);
+    if (kind.movements != nullptr) {
+        std::vector<JournalRow> rows = kind.movements(d);
+        writeJournal(session, d, rows);
+        applyMovements(session, parameters, d, withoutDiscountLine(std::move(rows)), 1);
+    }
+    if (kind.moveAgainstSource != nullptr)
+        kind.moveAgainstSource(session, d, 1);
+    setApproved(session, d);
+    if (kind.afterApproval != nullptr)
+        kind.afterApproval(db, d);
+    writeLog(session, QStringLiteral("%1，共%2种商品").arg(kind.approveLog).arg(d.goodsLines()));
+    updateKcjs(db, monthOf(d.date));
+}
+
 void approveInTransaction(Session &session, Answers &answers, const QString &number) {
     Database &db = session.db();
     const DocumentKind &kind = kindOf(number);
@@ -136,23 +157,7 @@ void approveInTransaction(Session &session, Answers &answers, const QString &num
         kind.check(session, d);
     checkTkcEnough(db, parameters, answers, kind, number, d.warehouse);
 
-    // Nothing below refuses any more, except for figures out of range.
-    if (kind.payments != nullptr)
-        postDocumentMoney(session, parameters, kind.payments(d));
-    if (kind.markApproved != nullptr)
-        kind.markApproved(db, number);
-    if (kind.movements != nullptr) {
-        std::vector<JournalRow> rows = kind.movements(d);
-        writeJournal(session, d, rows);
-        applyMovements(session, parameters, d, withoutDiscountLine(std::move(rows)), 1);
-    }
-    if (kind.moveAgainstSource != nullptr)
-        kind.moveAgainstSource(session, d, 1);
-    setApproved(session, d);
-    if (kind.afterApproval != nullptr)
-        kind.afterApproval(db, d);
-    writeLog(session, QStringLiteral("%1，共%2种商品").arg(kind.approveLog).arg(d.goodsLines()));
-    updateKcjs(db, monthOf(d.date));
+    postDocument(session, parameters, d);
 }
 
 void cancelInTransaction(Session &session, Answers &answers, const QString &number) {

@@ -5,6 +5,8 @@
 namespace jxc {
 
 class Session;
+struct Document;
+struct Parameters;
 
 /// Approves a document of any kind: its journal rows, stock, batches, costs, money and log line are
 /// written in one transaction, or nothing is. Refusals come in this order: the right, exists, not
@@ -19,6 +21,10 @@ Outcome cancelDocument(Session &session, Prompter &prompter, const QString &numb
 /// The same inside a transaction that is already open.
 void approveInTransaction(Session &session, Answers &answers, const QString &number);
 void cancelInTransaction(Session &session, Answers &answers, const QString &number);
+
+/// Writes what approval writes, after everything was checked: from here on nothing refuses any
+/// more, except figures out of range.
+void postDocument(Session &session, const Parameters &parameters, const Document &document);
 
 /// What a second approver is told.
 inline const QString changedMeanwhile =

@@ -1,0 +1,213 @@
+#include "money/settlement.h"
+
+#include "base/dates.h"
+#include "core/operation_log.h"
+#include "core/rights.h"
+#include "core/session.h"
+#include "db/database.h"
+#include "money/cash_journal.h"
+#include "money/partner_ledger.h"
+
+#include <array>
+
+namespace jxc {
+
+namespace {
+
+struct SettlementKind {
+    QStringView code, title, logOpening;
+    Partner::Kind partner;
+    int approveRight; ///< of group wlzk
+    int cashSign;     ///< 0: no cash moves
+    QStringView amountColumn;
+};
+
+constexpr std::array<SettlementKind, 4> kinds = {{
+    {u"SK", u"收款单", u"审核收款，客户：", Partner::Kind::customer, 8, 1, u"k_sfje"},
+    {u"FK", u"付款单", u"审核付款，供货商：", Partner::Kind::supplier, 10, -1, u"k_sfje"},
+    {u"YS", u"应收登记", u"审核应收登记，客户：", Partner::Kind::customer, 7, 0, u"k_yfje"},
+    {u"YF", u"应付登记", u"审核应付登记，供货商：", Partner::Kind::supplier, 9, 0, u"k_yfje"},
+}};
+
+const SettlementKind *findKind(QStringView number) {
+    for (const SettlementKind &kind : kinds)
+        if (number.left(2) == kind.code)
+            return &kind;
+    return nullptr;
+}
+
+const SettlementKind &kindOf(const QString &number) {
+    const SettlementKind *kind = findKind(number);
+    if (kind == nullptr)
+        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+    return *kind;
+}
+
+Row load(Database &db, const QString &number) {
+    auto row =
+        db.row(QStringLiteral("select * from jxc_ysyfk_dj where gl_djh=? order by id"), {number});
+    if (!row)
+        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+    return *std::move(row);
+}
+
+QString orElse(const QString &text, QStringView otherwise) {
+    return text.isEmpty() ? otherwise.toString() : text;
+}
+
+QString accountOf(const Row &document) {
+    return orElse(document.text(u"k_fkfs"), u"现金");
+}
+
+PartnerEntry ledgerEntry(const SettlementKind &kind, const QString &number, const Row &d) {
+    PartnerEntry entry;
+    entry.partner = {kind.partner, d.text(u"k_ghskh")};
+    entry.number = number;
+    entry.linkedNumber = d.text(u"gl_djh2");
+    entry.date = d.text(u"k_rq");
+    entry.account = d.text(u"k_fkfs");
+    entry.opening = d.decimal(u"k_qcje");
+    entry.due = d.decimal(u"k_yfje");
+    entry.settled = d.decimal(u"k_sfje");
+    entry.discount = d.decimal(u"k_yhje");
+    entry.kindCode = orElse(d.text(u"k_djlx"), kind.code);
+    entry.kindText = orElse(d.text(u"k_djtxt"), kind.title);
+    entry.note = d.text(u"k_note");
+    entry.clerkNo = d.text(u"u_sn");
+    entry.operatorName = d.text(u"a_name");
+    entry.flag = d.integer(u"k_flag");
+    return entry;
+}
+
+void postCash(Session &session, const SettlementKind &kind, const QString &number, const Row &d,
+              const QString &partnerName) {
+    const Decimal settled = d.decimal(u"k_sfje");
+    const Decimal amount = kind.cashSign < 0 ? -settled : settled;
+    if (kind.cashSign == 0 || amount.isZero())
+        return;
+    Database &db = session.db();
+    const QString account = accountOf(d);
+    refuseShortAccount(db, Parameters::load(db), account, amount);
+    const QString clerk =
+        db.scalar(QStringLiteral("select u_name from jxc_user where u_sn=?"), {d.text(u"u_sn")});
+    addCashEntry(db, {account,
+                      d.text(u"k_rq"),
+                      number,
+                      kind.title.toString(),
+                      amount,
+                      d.text(u"k_ghskh"),
+                      partnerName,
+                      clerk,
+                      {},
+                      d.text(u"k_note"),
+                      d.text(u"a_name")});
+}
+
+/// Adds what the document settles to the settled amounts of the documents it names, or takes it
+/// off.
+void settleDocuments(Database &db, const QString &number, bool approving) {
+    struct Target {
+        QStringView prefix;
+        QString table, numberColumn, column;
+    };
+    static const std::array<Target, 4> targets = {
+        {{u"CJ", QStringLiteral("jxc_jhd"), QStringLiteral("j_sn"), QStringLiteral("j_hkje")},
+         {u"CT", QStringLiteral("jxc_thd"), QStringLiteral("gl_djh"), QStringLiteral("th_hkje")},
+         {u"XS", QStringLiteral("jxc_lsxsd"), QStringLiteral("gl_djh"), QStringLiteral("ls_hkje")},
+         {u"XT", QStringLiteral("jxc_xsthd"), QStringLiteral("gl_djh"),
+          QStringLiteral("th_hkje")}}};
+    for (const Row &part :
+         db.rows(QStringLiteral("select gl_djh,fk_je from jxc_fkmx where fk_sn=? order by id"),
+                 {number})) {
+        const QString document = part.text(u"gl_djh");
+        for (const Target &target : targets) {
+            if (document.left(2) != target.prefix)
+                continue;
+            const auto row = db.row(QStringLiteral("select %1 from %2 where %3=?")
+                                        .arg(target.column, target.table, target.numberColumn),
+                                    {document});
+            if (!row)
+                continue;
+            const Decimal amount = part.decimal(u"fk_je").abs();
+            db.execute(QStringLiteral("update %1 set %2=? where %3=?")
+                           .arg(target.table, target.column, target.numberColumn),
+                       {row->decimal(size_t{0}) + (approving ? amount : -amount), document});
+        }
+    }
+}
+
+void approve(Session &session, const SettlementKind &kind, const QString &number) {
+    Database &db = session.db();
+    const Row d = load(db, number);
+    if (d.flag(u"k_check"))
+        throw Refusal(QStringLiteral("单据已被其他操作员修改或审核，请刷新后重试！"));
+    if (!isDate(d.text(u"k_rq")))
+        throw Refusal(QStringLiteral("单据日期“%1”无效，不能审核！").arg(d.text(u"k_rq")));
+    const Partner partner{kind.partner, d.text(u"k_ghskh")};
+    const auto name = partnerName(db, partner);
+    if (!name)
+        throw Refusal(QStringLiteral("单据的往来单位“%1”不存在，不能审核！").arg(partner.number));
+
+    addPartnerEntry(db, ledgerEntry(kind, number, d));
+    db.updateRows(QStringLiteral("jxc_ysyfk_dj"),
+                  {{QStringLiteral("k_check"), true},
+                   {QStringLiteral("k_checker"), session.currentOperatorName},
+                   {QStringLiteral("k_chkrq"), session.today()}},
+                  QStringLiteral("gl_djh=?"), {number});
+    postCash(session, kind, number, d, *name);
+    settleDocuments(db, number, true);
+    writeLog(session, QStringLiteral("%1%2，金额：%3")
+                          .arg(kind.logOpening, *name, d.decimal(kind.amountColumn).toText()));
+}
+
+void cancel(Session &session, Answers &answers, const SettlementKind &kind, const QString &number) {
+    Database &db = session.db();
+    const Row d = load(db, number);
+    if (!d.flag(u"k_check"))
+        throw Refusal(QStringLiteral("单据“%1”还没有审核！").arg(number));
+    const QString approver = d.text(u"k_checker");
+    if (session.currentOperatorNo != administratorNo && session.currentOperatorName != approver)
+        throw Refusal(QStringLiteral("单据：%1，的审核人：%2\r\n\r\n不允许其他人取消审核！")
+                          .arg(number, approver));
+    answers.require(QStringLiteral("您的操作将取消当前选中的已审核单据：%1，确认吗？").arg(number));
+
+    settleDocuments(db, number, false);
+    removeCashEntries(db, number, {});
+    removePartnerEntries(db, number);
+    db.updateRows(QStringLiteral("jxc_ysyfk_dj"),
+                  {{QStringLiteral("k_check"), false},
+                   {QStringLiteral("k_checker"), u""},
+                   {QStringLiteral("k_chkrq"), u""}},
+                  QStringLiteral("gl_djh=?"), {number});
+    writeLog(session, QStringLiteral("取消审核%1：%2").arg(kind.title, number));
+}
+
+} // namespace
+
+bool isSettlementNumber(QStringView number) {
+    return findKind(number) != nullptr;
+}
+
+void ApproveReceipt(Session &session, const QString &number) {
+    approve(session, kinds[0], number);
+}
+
+void ApprovePayment(Session &session, const QString &number) {
+    approve(session, kinds[1], number);
+}
+
+Outcome approveSettlement(Session &session, Prompter &prompter, const QString &number) {
+    return runAction(session.db(), prompter, [&](Answers &) {
+        const SettlementKind &kind = kindOf(number);
+        if (!hasRight(session, u"wlzk", kind.approveRight))
+            throw Refusal(noRightMessage(kind.title.toString() + QStringLiteral("审核！")));
+        approve(session, kind, number);
+    });
+}
+
+Outcome cancelSettlement(Session &session, Prompter &prompter, const QString &number) {
+    return runAction(session.db(), prompter,
+                     [&](Answers &answers) { cancel(session, answers, kindOf(number), number); });
+}
+
+} // namespace jxc
