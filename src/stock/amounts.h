@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/parameters.h"
+
+namespace jxc {
+
+/// The figures of a document line, from what is typed.
+struct LineAmounts {
+    Decimal price;      ///< without tax, per unit of entry
+    Decimal taxPrice;   ///< with tax
+    Decimal total;      ///< with tax and discount: what is paid
+    Decimal amount;     ///< without tax, with discount
+    Decimal tax;        ///< total - amount
+    Decimal discounted; ///< price with tax after the discount
+};
+
+/// `typedPrice` is without tax, or with it while the parameters say that prices include tax; `rate`
+/// is the tax in percent, `discount` a factor (1 for none). Amounts are rounded to the amount
+/// decimals, derived prices to three places or the price decimals, whichever is more.
+[[nodiscard]] LineAmounts lineAmounts(const Parameters &parameters, Decimal quantity,
+                                      Decimal typedPrice, Decimal rate, Decimal discount);
+
+} // namespace jxc
