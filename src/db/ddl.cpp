@@ -38,18 +38,38 @@ QString columnTypeSql(const Column &column, Engine engine) {
     return postgres ? QStringLiteral("smallint") : QStringLiteral("bit");
 }
 
+namespace {
+
+QString columnDefinition(const Column &column, Engine engine) {
+    return QStringLiteral("%1 %2 null").arg(column.name, columnTypeSql(column, engine));
+}
+
+QString indexDefinition(const Table &table, const Index &index) {
+    return QStringLiteral("%1 on %2 (%3)")
+        .arg(index.name, table.name, index.columns.join(QStringLiteral(", ")));
+}
+
+} // namespace
+
 QString createTableSql(const Table &table, Engine engine) {
     QStringList definitions{idDefinition(table, engine)};
     for (const Column &column : table.columns)
-        definitions.append(
-            QStringLiteral("%1 %2 null").arg(column.name, columnTypeSql(column, engine)));
+        definitions.append(columnDefinition(column, engine));
     return QStringLiteral("create table %1 (\n    %2\n)")
         .arg(table.name, definitions.join(QStringLiteral(",\n    ")));
 }
 
 QString createIndexSql(const Table &table, const Index &index) {
-    return QStringLiteral("create index %1 on %2 (%3)")
-        .arg(index.name, table.name, index.columns.join(QStringLiteral(", ")));
+    return QStringLiteral("create index ") + indexDefinition(table, index);
+}
+
+QString addIndexSql(const Table &table, const Index &index) {
+    return QStringLiteral("create index if not exists ") + indexDefinition(table, index);
+}
+
+QString addColumnSql(const QString &table, const Column &column, Engine engine) {
+    return QStringLiteral("alter table %1 add column %2")
+        .arg(table, columnDefinition(column, engine));
 }
 
 QStringList createStatements(const Table &table, Engine engine) {

@@ -15,6 +15,12 @@ QString columnTypeSql(const Column &column, Engine engine);
 /// which the engine fills and never uses again.
 QString createTableSql(const Table &table, Engine engine);
 
+/// The statement that adds the column to an existing table; its rows hold null there.
+QString addColumnSql(const QString &table, const Column &column, Engine engine);
+
+/// Creates the index unless there is one of its name.
+QString addIndexSql(const Table &table, const Index &index);
+
 QString createIndexSql(const Table &table, const Index &index);
 
 /// The table and its indexes, one statement each.

@@ -13,6 +13,7 @@ class QSqlDatabase;
 namespace jxc {
 
 class Database;
+struct Column;
 
 /// What the engines do differently, one small class per engine; no other file asks which one it is.
 class Dialect {
@@ -55,6 +56,10 @@ public:
     [[nodiscard]] virtual QStringList tableNames(Database &db) const = 0;
     /// Names of a table's columns; empty when there is no such table.
     [[nodiscard]] virtual QStringList columnNames(Database &db, const QString &table) const = 0;
+
+    /// Makes an existing column a text at least as wide as described; one that is wide enough stays
+    /// as it is.
+    virtual void widenText(Database &db, const QString &table, const Column &column) const = 0;
 };
 
 } // namespace jxc

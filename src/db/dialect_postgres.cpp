@@ -1,6 +1,7 @@
 #include "db/dialect_postgres.h"
 
 #include "db/database.h"
+#include "db/ddl.h"
 #include "db/schema.h"
 
 #include <QSqlQuery>
@@ -186,6 +187,20 @@ QStringList PostgresDialect::columnNames(Database &db, const QString &table) con
                  {table}))
         names << row.text(size_t{0});
     return names;
+}
+
+void PostgresDialect::widenText(Database &db, const QString &table, const Column &column) const {
+    const auto found = db.row(QStringLiteral("select data_type,character_maximum_length "
+                                             "from information_schema.columns where "
+                                             "table_schema=current_schema() and table_name=? and "
+                                             "column_name=?"),
+                              {table, column.name});
+    if (!found) return;
+    const qint64 width = found->integer(u"character_maximum_length");
+    if (found->text(u"data_type") == QLatin1String("text") || width >= column.length) return;
+    db.execute(QStringLiteral("alter table %1 alter column %2 type %3 using %2::varchar(%4)")
+                   .arg(table, column.name, columnTypeSql(column, Engine::Postgres))
+                   .arg(column.length));
 }
 
 } // namespace jxc

@@ -21,6 +21,7 @@ public:
                     const std::vector<Values> &rows) const override;
     [[nodiscard]] QStringList tableNames(Database &db) const override;
     [[nodiscard]] QStringList columnNames(Database &db, const QString &table) const override;
+    void widenText(Database &db, const QString &table, const Column &column) const override;
 };
 
 } // namespace jxc

@@ -154,4 +154,8 @@ QStringList SqliteDialect::columnNames(Database &db, const QString &table) const
     return names;
 }
 
+void SqliteDialect::widenText(Database &, const QString &, const Column &) const {
+    // This engine holds texts of any length in every column; the schema guards the widths.
+}
+
 } // namespace jxc
