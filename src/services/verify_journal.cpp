@@ -75,10 +75,12 @@ private:
             const Decimal base = line.decimal(u"base");
             m_stock.move({goods, line.text(u"ck_sn")}, BatchText::of(line),
                          sign > 0 ? base : -base);
-            const auto known = flow.done.find(line.integer(u"id2"));
+            const qint64 id = line.integer(u"id2");
+            if (id == 0) // of an older release, without the tie to its line
+                return;
+            const auto known = flow.done.find(id);
             if (known == flow.done.end())
-                flow.done.insert(line.integer(u"id2"),
-                                 {line.decimal(u"quantity"), goods, line.text(u"gl_djh")});
+                flow.done.insert(id, {line.decimal(u"quantity"), goods, line.text(u"gl_djh")});
             else
                 known->quantity += line.decimal(u"quantity");
         };

@@ -253,7 +253,7 @@ private:
         eachRow(m_db,
                 {.select = QStringLiteral("id,xj_rq,xj_je,xj_chk,xj_kmmc,xj_note"),
                  .from = cashTable,
-                 .where = QStringLiteral("xj_dlx='费用付款' and gl_djh=''"),
+                 .where = QStringLiteral("xj_dlx='费用付款' and coalesce(gl_djh,'')=''"),
                  .keys = {QStringLiteral("id")}},
                 [this](const Row &row) { takeFeePayment(row); });
         for (const auto &[note, fee] : m_fees) {

@@ -102,11 +102,10 @@ private:
     /// Rows that cannot be put in order.
     void reportIncomplete() {
         for (const Row &row :
-             m_db.rows(QStringLiteral("select id from jxc_goodslist where g_sn is null or ck_sn is "
-                                      "null or gl_kdrq is null or gl_djh is null order by id")))
-            m_findings.add(
-                journalTable, QStringLiteral("流水 %1").arg(row.integer(u"id")),
-                QStringLiteral("流水 %1 缺少商品、仓库、日期或单号").arg(row.integer(u"id")));
+             m_db.rows(QStringLiteral("select id from jxc_goodslist where g_sn is null or "
+                                      "ck_sn is null or gl_kdrq is null order by id")))
+            m_findings.add(journalTable, QStringLiteral("流水 %1").arg(row.integer(u"id")),
+                           QStringLiteral("流水 %1 缺少商品、仓库或日期").arg(row.integer(u"id")));
     }
 
     void take(const Row &row) {
