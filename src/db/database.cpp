@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlQuery>
-#include <QSqlRecord>
 
 namespace jxc {
 
@@ -69,15 +68,21 @@ void Database::open() {
     if (!m_connection.open())
         fail(m_connection.lastError(), QStringLiteral("connect"));
     m_lost = false;
+    makeExecutor();
     m_dialect->prepare(*this, m_warnings);
 }
 
 void Database::close() {
-    m_statements.clear();
+    m_executor.reset();
     if (m_connection.isValid())
         m_connection.close();
     m_connection = {};
     QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+void Database::makeExecutor() {
+    m_executor = m_dialect->createExecutor(
+        m_connection, [this](const QSqlError &error, const QString &sql) { fail(error, sql); });
 }
 
 /// Looks through a connection that only reads, before anything is set on the file.
@@ -92,6 +97,7 @@ void Database::refuseForeign() {
             throw NotOurDatabase(m_location.display());
         fail(m_connection.lastError(), QStringLiteral("connect"));
     }
+    makeExecutor();
     QStringList found;
     try {
         found = m_dialect->tableNames(*this);
@@ -128,32 +134,9 @@ void Database::fail(const QSqlError &error, const QString &sql) {
     Q_UNREACHABLE();
 }
 
-QSqlQuery &Database::prepared(const QString &sql) {
-    auto &statement = m_statements[sql];
-    if (!statement) {
-        auto fresh = std::make_shared<QSqlQuery>(m_connection);
-        fresh->setForwardOnly(true);
-        if (!fresh->prepare(sql)) {
-            const QSqlError error = fresh->lastError();
-            m_statements.remove(sql);
-            fail(error, sql);
-        }
-        statement = std::move(fresh);
-    }
-    return *statement;
-}
-
-QSqlQuery &Database::run(const QString &sql, const Values &values) {
-    observe(sql);
-    QSqlQuery &query = prepared(sql);
-    for (size_t i = 0; i < values.size(); ++i)
-        query.bindValue(static_cast<int>(i), m_dialect->bind(values[i]));
-    if (!query.exec()) {
-        const QSqlError error = query.lastError();
-        query.finish();
-        fail(error, sql);
-    }
-    return query;
+StatementResult Database::run(const QString &sql, const Values &values) {
+    observe(sql, values);
+    return m_executor->run(sql, values);
 }
 
 void Database::runDirect(const QString &sql) {
@@ -180,41 +163,20 @@ bool Database::exists(const QString &sql, const Values &values) {
 }
 
 Rows Database::rows(const QString &sql, const Values &values) {
-    QSqlQuery &query = run(sql, values);
-    const QSqlRecord record = query.record();
-    std::vector<QString> names;
-    for (int i = 0; i < record.count(); ++i)
-        names.push_back(record.fieldName(i));
-    const auto columns = std::make_shared<const Columns>(std::move(names));
-    Rows result;
-    while (query.next()) {
-        std::vector<QVariant> fields;
-        fields.reserve(static_cast<size_t>(record.count()));
-        for (int i = 0; i < record.count(); ++i)
-            fields.push_back(query.value(i));
-        result.emplace_back(columns, std::move(fields));
-    }
-    const QSqlError error = query.lastError();
-    query.finish(); // an open read would hold up writers
-    if (error.isValid())
-        fail(error, sql);
-    return result;
+    return run(sql, values).rows;
 }
 
 int Database::execute(const QString &sql, const Values &values) {
     static const QStringList layoutWords = {QStringLiteral("create "), QStringLiteral("drop "),
-                                            QStringLiteral("alter ")};
+                                            QStringLiteral("alter "), QStringLiteral("analyze")};
     for (const QString &word : layoutWords) {
         if (!sql.startsWith(word))
             continue;
-        m_statements.clear(); // kept statements were prepared for the old layout
+        m_executor->forget(); // kept statements were prepared for the old layout
         runDirect(sql);
         return 0;
     }
-    QSqlQuery &query = run(sql, values);
-    const int changed = query.numRowsAffected();
-    query.finish();
-    return changed;
+    return run(sql, values).changed;
 }
 
 namespace {

@@ -6,12 +6,10 @@
 #include "db/row.h"
 #include "db/value.h"
 
-#include <QHash>
 #include <QSqlDatabase>
+#include <QStringList>
 #include <functional>
 #include <memory>
-
-class QSqlQuery;
 
 namespace jxc {
 
@@ -67,9 +65,9 @@ public:
     /// Opens the connection anew after the server went away; does nothing while it is alive.
     void reconnectIfLost();
 
-    /// Called with every statement before it runs; what it throws the statement throws. Tests make
-    /// the n-th statement fail with it.
-    void setStatementObserver(std::function<void(const QString &)> observer) {
+    /// Called with every statement and its values before it runs; what it throws the statement
+    /// throws. Tests make the n-th statement fail with it, benchmarks replay what it saw.
+    void setStatementObserver(std::function<void(const QString &, const Values &)> observer) {
         m_observer = std::move(observer);
     }
 
@@ -84,14 +82,13 @@ private:
     void open();
     void close();
     void refuseForeign();
-    /// The prepared statement, run with these values.
-    QSqlQuery &run(const QString &sql, const Values &values);
+    void makeExecutor();
+    StatementResult run(const QString &sql, const Values &values);
     /// Runs text that cannot be prepared: pragmas, several statements in one.
     void runDirect(const QString &sql);
-    QSqlQuery &prepared(const QString &sql);
-    void observe(const QString &sql) {
+    void observe(const QString &sql, const Values &values = {}) {
         if (m_observer)
-            m_observer(sql);
+            m_observer(sql, values);
     }
     [[noreturn]] void fail(const QSqlError &error, const QString &sql);
 
@@ -103,9 +100,9 @@ private:
     std::unique_ptr<Dialect> m_dialect;
     QString m_connectionName;
     QSqlDatabase m_connection;
-    QHash<QString, std::shared_ptr<QSqlQuery>> m_statements;
+    std::unique_ptr<Executor> m_executor;
     QStringList m_warnings;
-    std::function<void(const QString &)> m_observer;
+    std::function<void(const QString &, const Values &)> m_observer;
     int m_depth = 0;
     bool m_doomed = false; ///< an inner part of the transaction failed: nothing may be committed
     bool m_lost = false;

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "db/engine.h"
+#include "db/executor.h"
 #include "db/location.h"
 #include "db/value.h"
 
 #include <QSqlError>
-#include <QVariant>
+#include <QStringList>
 #include <memory>
 
 class QSqlDatabase;
@@ -30,8 +31,9 @@ public:
     /// place is appended to `warnings`.
     virtual void prepare(Database &db, QStringList &warnings) const = 0;
 
-    /// How a value is handed to the driver so that it arrives unchanged.
-    [[nodiscard]] virtual QVariant bind(const Value &value) const = 0;
+    /// What runs the statements of an open connection.
+    [[nodiscard]] virtual std::unique_ptr<Executor>
+    createExecutor(const QSqlDatabase &connection, Executor::Failure failure) const = 0;
 
     /// Begins a transaction that holds the account set's write lock from its first statement.
     virtual void beginWriting(Database &db) const = 0;

@@ -2,6 +2,7 @@
 
 #include "db/database.h"
 #include "db/ddl.h"
+#include "db/executor_qt.h"
 #include "db/schema.h"
 
 #include <QSqlQuery>
@@ -11,8 +12,9 @@ namespace jxc {
 namespace {
 
 /// Every write of an account set takes this advisory lock first, so that one action after another
-/// is posted and no deadlock can arise between them.
-constexpr auto beginStatement = "begin; set local lock_timeout='5s'; "
+/// is posted and no deadlock can arise between them. Postings probe by index; a plan that was made
+/// while a table was still empty must not go on reading it whole as it grows.
+constexpr auto beginStatement = "begin; set local lock_timeout='5s'; set local enable_seqscan=off; "
                                 "select pg_advisory_xact_lock(8165, hashtext(current_schema()))";
 
 QString arrayType(const QString &table, const QString &columnName) {
@@ -110,18 +112,15 @@ void PostgresDialect::configure(QSqlDatabase &connection, const Location &locati
 
 void PostgresDialect::prepare(Database &db, QStringList &) const {
     db.runDirect(QStringLiteral("set client_min_messages=warning"));
+    // Compiling a plan takes longer than any statement of ours runs.
+    db.runDirect(QStringLiteral("set jit=off"));
     // The write lock orders the actions; each statement then sees what the one before it committed.
     db.runDirect(QStringLiteral("set default_transaction_isolation='read committed'"));
 }
 
-QVariant PostgresDialect::bind(const Value &value) const {
-    if (const QString *text = value.text())
-        return text->isNull() ? QStringLiteral("") : *text;
-    if (const qint64 *number = value.number())
-        return *number;
-    if (const Decimal *figure = value.figure())
-        return figure->toText();
-    return {};
+std::unique_ptr<Executor> PostgresDialect::createExecutor(const QSqlDatabase &connection,
+                                                          Executor::Failure failure) const {
+    return std::make_unique<QtExecutor>(connection, std::move(failure));
 }
 
 void PostgresDialect::beginWriting(Database &db) const {
@@ -195,9 +194,11 @@ void PostgresDialect::widenText(Database &db, const QString &table, const Column
                                              "table_schema=current_schema() and table_name=? and "
                                              "column_name=?"),
                               {table, column.name});
-    if (!found) return;
+    if (!found)
+        return;
     const qint64 width = found->integer(u"character_maximum_length");
-    if (found->text(u"data_type") == QLatin1String("text") || width >= column.length) return;
+    if (found->text(u"data_type") == QLatin1String("text") || width >= column.length)
+        return;
     db.execute(QStringLiteral("alter table %1 alter column %2 type %3 using %2::varchar(%4)")
                    .arg(table, column.name, columnTypeSql(column, Engine::Postgres))
                    .arg(column.length));

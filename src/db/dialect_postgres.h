@@ -10,7 +10,8 @@ public:
     [[nodiscard]] QString driverName() const override;
     void configure(QSqlDatabase &connection, const Location &location) const override;
     void prepare(Database &db, QStringList &warnings) const override;
-    [[nodiscard]] QVariant bind(const Value &value) const override;
+    [[nodiscard]] std::unique_ptr<Executor>
+    createExecutor(const QSqlDatabase &connection, Executor::Failure failure) const override;
     void beginWriting(Database &db) const override;
     [[noreturn]] void raise(const QSqlError &error, const QString &statement) const override;
     [[nodiscard]] QString exactSum(const QString &column) const override;

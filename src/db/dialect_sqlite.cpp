@@ -1,10 +1,11 @@
 #include "db/dialect_sqlite.h"
 
 #include "db/database.h"
+#include "db/executor_sqlite.h"
 #include "db/sqlite_sums.h"
 
 #include <QFileInfo>
-#include <QSqlQuery>
+#include <QSqlDriver>
 #include <QStorageInfo>
 #include <sqlite3.h>
 
@@ -28,9 +29,6 @@ QString placeholders(qsizetype count) {
         marks << QStringLiteral("?");
     return marks.join(u',');
 }
-
-/// The largest whole number of which a double holds every smaller one too.
-constexpr qint64 exactInDouble = qint64{1} << 53;
 
 } // namespace
 
@@ -59,17 +57,11 @@ void SqliteDialect::prepare(Database &db, QStringList &warnings) const {
     db.runDirect(QStringLiteral("pragma temp_store=memory"));
 }
 
-QVariant SqliteDialect::bind(const Value &value) const {
-    if (const QString *text = value.text())
-        return text->isNull() ? QStringLiteral("") : *text;
-    if (const qint64 *number = value.number())
-        return *number;
-    if (const Decimal *figure = value.figure()) {
-        if (figure->isWhole() && figure->abs() < Decimal::fromInteger(exactInDouble))
-            return static_cast<qint64>(figure->micros() / 1'000'000);
-        return figure->toDouble();
-    }
-    return {};
+std::unique_ptr<Executor> SqliteDialect::createExecutor(const QSqlDatabase &connection,
+                                                        Executor::Failure failure) const {
+    const QVariant handle = connection.driver()->handle();
+    return std::make_unique<SqliteExecutor>(*static_cast<sqlite3 *const *>(handle.constData()),
+                                            std::move(failure));
 }
 
 void SqliteDialect::beginWriting(Database &db) const {
@@ -118,9 +110,7 @@ std::vector<qint64> SqliteDialect::insertRows(Database &db, const QString &table
     std::vector<qint64> ids;
     ids.reserve(rows.size());
     for (const Values &values : rows) {
-        QSqlQuery &query = db.run(sql, values);
-        ids.push_back(query.lastInsertId().toLongLong());
-        query.finish();
+        ids.push_back(db.run(sql, values).insertedId);
     }
     return ids;
 }
@@ -135,7 +125,7 @@ void SqliteDialect::updateById(Database &db, const QString &table, const QString
     for (const Values &row : rows) {
         Values values(row.begin() + 1, row.end());
         values.push_back(row.front());
-        db.run(sql, values).finish();
+        db.run(sql, values);
     }
 }
 

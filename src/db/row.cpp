@@ -12,50 +12,38 @@ size_t Columns::indexOf(QStringView name) const {
 }
 
 QString Row::text(size_t index) const {
-    const QVariant &v = m_values[index];
-    if (v.isNull())
-        return {};
-    switch (v.typeId()) {
-    case QMetaType::Double:
-        return Decimal::fromDouble(v.toDouble()).toText();
-    case QMetaType::QString:
-        return v.toString();
-    default:
-        return v.toString();
-    }
+    const Cell &cell = m_cells[index];
+    if (const auto *text = std::get_if<QString>(&cell))
+        return *text;
+    if (const auto *number = std::get_if<qint64>(&cell))
+        return QString::number(*number);
+    if (const auto *figure = std::get_if<double>(&cell))
+        return Decimal::fromDouble(*figure).toText();
+    return {};
 }
 
 Decimal Row::decimal(size_t index) const {
-    const QVariant &v = m_values[index];
-    if (v.isNull())
-        return {};
-    switch (v.typeId()) {
-    case QMetaType::Double:
-        return Decimal::fromDouble(v.toDouble());
-    case QMetaType::LongLong:
-    case QMetaType::Int:
-    case QMetaType::Short:
-    case QMetaType::ULongLong:
-        return Decimal::fromInteger(v.toLongLong());
-    default:
-        return Decimal::fromText(v.toString());
-    }
+    const Cell &cell = m_cells[index];
+    if (const auto *figure = std::get_if<double>(&cell))
+        return Decimal::fromDouble(*figure);
+    if (const auto *number = std::get_if<qint64>(&cell))
+        return Decimal::fromInteger(*number);
+    if (const auto *text = std::get_if<QString>(&cell))
+        return Decimal::fromText(*text);
+    return {};
 }
 
 qint64 Row::integer(size_t index) const {
-    const QVariant &v = m_values[index];
-    if (v.isNull())
-        return 0;
-    if (v.typeId() == QMetaType::LongLong)
-        return v.toLongLong();
-    if (v.typeId() == QMetaType::Bool)
-        return v.toBool() ? 1 : 0;
+    const Cell &cell = m_cells[index];
+    if (const auto *number = std::get_if<qint64>(&cell))
+        return *number;
     // Files of older makes keep flags as -1 or "True", counts as reals.
-    const QString content = v.toString();
-    if (content.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
-        return 1;
-    if (content.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0)
-        return 0;
+    if (const auto *text = std::get_if<QString>(&cell)) {
+        if (text->compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
+            return 1;
+        if (text->compare(QLatin1String("false"), Qt::CaseInsensitive) == 0)
+            return 0;
+    }
     return static_cast<qint64>(decimal(index).rounded(0).micros() / 1'000'000);
 }
 

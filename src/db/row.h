@@ -3,11 +3,14 @@
 #include "base/decimal.h"
 
 #include <QString>
-#include <QVariant>
 #include <memory>
+#include <variant>
 #include <vector>
 
 namespace jxc {
+
+/// A field as the engine gave it: null, whole number, number or text.
+using Cell = std::variant<std::monostate, qint64, double, QString>;
 
 /// The column names of one result, shared by its rows.
 class Columns {
@@ -25,9 +28,9 @@ private:
 /// One row of a result. Nulls read as empty text and 0, as the books take them.
 class Row {
 public:
-    Row(std::shared_ptr<const Columns> columns, std::vector<QVariant> values)
+    Row(std::shared_ptr<const Columns> columns, std::vector<Cell> cells)
         : m_columns(std::move(columns))
-        , m_values(std::move(values)) {}
+        , m_cells(std::move(cells)) {}
 
     [[nodiscard]] QString text(QStringView column) const {
         return text(m_columns->indexOf(column));
@@ -41,20 +44,23 @@ public:
     }
     [[nodiscard]] bool flag(QStringView column) const { return integer(column) != 0; }
     [[nodiscard]] bool isNull(QStringView column) const {
-        return m_values[m_columns->indexOf(column)].isNull();
+        return isNull(m_columns->indexOf(column));
     }
 
     // By position in the select list, for the few loops where the look-up of a name would count.
     [[nodiscard]] QString text(size_t index) const;
     [[nodiscard]] Decimal decimal(size_t index) const;
     [[nodiscard]] qint64 integer(size_t index) const;
-    [[nodiscard]] const QVariant &raw(size_t index) const { return m_values[index]; }
+    [[nodiscard]] bool isNull(size_t index) const {
+        return std::holds_alternative<std::monostate>(m_cells[index]);
+    }
+    [[nodiscard]] const Cell &cell(size_t index) const { return m_cells[index]; }
 
     [[nodiscard]] const Columns &columns() const { return *m_columns; }
 
 private:
     std::shared_ptr<const Columns> m_columns;
-    std::vector<QVariant> m_values;
+    std::vector<Cell> m_cells;
 };
 
 using Rows = std::vector<Row>;

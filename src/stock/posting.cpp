@@ -27,17 +27,19 @@ const DocumentKind &kindOf(const QString &number) {
 }
 
 /// Re-costs every goods and warehouse that the rows touch, once each: the outcome of walking after
-/// every single row is the same.
+/// every single row is the same. The stock rows take the costs where the kind of row and the
+/// parameters let them.
 void walkJournals(Database &db, const Parameters &parameters, StockBook &stock,
                   const std::vector<JournalRow> &rows, const QString &date) {
     std::map<JournalKey, WalkStart> starts;
     for (const JournalRow &row : rows) {
         const JournalKey key{row.goods, row.warehouse};
-        starts[key] = {key, date, row.id, row.flag}; // ids ascend: the last one stays
+        // Ids ascend: the last one stays.
+        starts[key] = {key, date, row.id, row.flag, stock.averageCost(row.goods)};
     }
     for (const auto &[key, start] : starts) {
-        const Decimal cost = reCalcGoodsList(db, parameters, start);
-        if (!parameters.costStaysOffStock)
+        const Decimal cost = walkJournal(db, parameters, start);
+        if (!parameters.costStaysOffStock && journalKind(start.flag).writesStockCost())
             stock.setCost(key.goods, key.warehouse, cost);
     }
 }
@@ -59,8 +61,8 @@ void applyMovements(Session &session, const Parameters &parameters, const Docume
             batches.add(row.goods, row.warehouse, row.batch, direction < 0 ? -change : change);
         }
     }
-    stock.writeStock();
     walkJournals(db, parameters, stock, rows, d.date);
+    stock.writeStock();
     const GoodsEffect &effect = direction > 0 ? d.kind.onApproval : d.kind.onCancelling;
     for (const JournalRow &row : rows) {
         stock.count(row, effect, d.partner.number);

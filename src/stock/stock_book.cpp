@@ -79,14 +79,15 @@ void StockBook::writeStock() {
         if (!stock.changed)
             continue;
         if (stock.id != 0)
-            updates.push_back({stock.id, stock.physical, stock.book, stock.sold});
+            updates.push_back({stock.id, stock.physical, stock.book, stock.sold, stock.cost});
         else
             inserts.push_back(
                 {stock.physical, stock.cost, stock.sold, key.first, key.second, stock.book});
     }
     const QString table = QStringLiteral("jxc_kcsp");
     m_db.updateById(table,
-                    {QStringLiteral("kc_sl"), QStringLiteral("kc_zsl"), QStringLiteral("kc_xssl")},
+                    {QStringLiteral("kc_sl"), QStringLiteral("kc_zsl"), QStringLiteral("kc_xssl"),
+                     QStringLiteral("kc_cbj")},
                     updates);
     m_db.insertRows(table,
                     {QStringLiteral("kc_sl"), QStringLiteral("kc_cbj"), QStringLiteral("kc_xssl"),

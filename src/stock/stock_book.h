@@ -23,10 +23,15 @@ public:
     void move(const JournalRow &row, int direction, Decimal newRowCost);
     /// Physical stock alone, of goods-in and goods-out.
     void movePhysically(const QString &goods, const QString &warehouse, Decimal quantity);
-    /// The cost that the walk left for a stock row; the walk itself has stored it.
+    /// The cost that the walk left for a stock row.
     void setCost(const QString &goods, const QString &warehouse, Decimal cost);
 
-    /// Writes the stock rows. The walk runs after this.
+    /// The goods' average cost as it stands.
+    [[nodiscard]] Decimal averageCost(const QString &goods) const {
+        return m_goods.value(goods).averageCost;
+    }
+
+    /// Writes the stock rows.
     void writeStock();
 
     /// Counters, last price, and the average cost over the warehouses (refreshGoodsCost).

@@ -36,6 +36,8 @@ JournalState openingState(Database &db, const WalkStart &start) {
                {start.key.goods, start.key.warehouse, start.date});
     if (row)
         return {row->decimal(u"gl_kc"), row->decimal(u"gl_pjjj"), row->decimal(u"gl_kczje")};
+    if (start.averageCost)
+        return {{}, *start.averageCost, {}};
     const auto goods =
         db.row(QStringLiteral("select g_pjjj from jxc_goods where g_sn=?"), {start.key.goods});
     return {{}, goods ? goods->decimal(u"g_pjjj") : Decimal(), {}};
@@ -159,8 +161,12 @@ JournalState applyJournalRow(const JournalState &before, QStringView flagText, D
     return after;
 }
 
+Decimal walkJournal(Database &db, const Parameters &parameters, const WalkStart &start) {
+    return Walk(db, parameters, start).run();
+}
+
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start) {
-    const Decimal cost = Walk(db, parameters, start).run();
+    const Decimal cost = walkJournal(db, parameters, start);
     if (!parameters.costStaysOffStock && journalKind(start.flag).writesStockCost())
         db.execute(QStringLiteral("update jxc_kcsp set kc_cbj=? where ck_sn=? and g_sn=?"),
                    {cost, start.key.warehouse, start.key.goods});

@@ -3,6 +3,7 @@
 #include "core/parameters.h"
 
 #include <QString>
+#include <optional>
 #include <tuple>
 
 namespace jxc {
@@ -42,12 +43,17 @@ struct WalkStart {
     QString date;           ///< the whole day is walked anew
     qint64 lastTouched = 0; ///< id of the last row added or taken out on that day
     QString flag;           ///< kind of the row that set it off
+    /// The goods' average cost, with which a journal without earlier rows opens; read when absent.
+    std::optional<Decimal> averageCost{};
 };
 
-/// Re-costs the journal of one goods in one warehouse from the start's day to its end and writes
-/// the rows whose figures changed. Afterwards, when the kind of the start sets cost and the
-/// parameters allow it, the stock row takes the cost of the last row (of the opening state when the
-/// walk is empty). Answers that cost.
+/// Re-costs the journal of one goods in one warehouse from the start's day to its end and writes the
+/// rows whose figures changed. Answers the cost of the last row (of the opening state when the walk
+/// is empty).
+Decimal walkJournal(Database &db, const Parameters &parameters, const WalkStart &start);
+
+/// As walkJournal(). Afterwards, when the kind of the start sets cost and the parameters allow it, the
+/// stock row takes that cost.
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start);
 
 } // namespace jxc

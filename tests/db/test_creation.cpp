@@ -133,7 +133,7 @@ void TestCreation::failedResetChangesNothing() {
     db.execute(u"insert into jxc_goods (g_sn,g_kc) values ('28000010',5)"_qs);
     const QStringList before = content(db);
     for (const auto reset : {&resetAllTables, &resetBusinessTables}) {
-        db.setStatementObserver([](const QString &sql) {
+        db.setStatementObserver([](const QString &sql, const Values &) {
             if (sql.startsWith(u"create table jxc_xsd "))
                 throw DatabaseError({}, sql, {});
         });

@@ -151,7 +151,7 @@ void TestUpgrade::stepsKeepTheirOrder() {
 void TestUpgrade::currentSetRunsNoStep() {
     TestDatabase place(currentEngine());
     QStringList writes;
-    place.db().setStatementObserver([&](const QString &sql) {
+    place.db().setStatementObserver([&](const QString &sql, const Values &) {
         if (!sql.startsWith(u"select"))
             writes << sql;
     });
@@ -297,7 +297,7 @@ void TestUpgrade::oldMoneyKeepsItsBalances() {
     QCOMPARE(bank.decimal(u"xj_ljje"), Decimal(7));
 
     // A discount joins the amount due of what was paid in full, and of nothing else.
-    const auto due = [&](const QString &number) {
+    const auto due = [&](const QString &number, const Values &) {
         return only(db, u"select j_yfje from jxc_jhd where j_sn='%1'"_qs.arg(number))
             .decimal(u"j_yfje");
     };
@@ -351,7 +351,7 @@ void TestUpgrade::failureLeavesEverything() {
                               u"create index if not exists"_qs, u"commit"_qs};
     for (const QString &victim : victims) {
         bool reached = false;
-        db.setStatementObserver([&](const QString &sql) {
+        db.setStatementObserver([&](const QString &sql, const Values &) {
             if (!sql.startsWith(victim))
                 return;
             reached = true;

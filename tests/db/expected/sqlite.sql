@@ -2039,6 +2039,7 @@ create table jxc_fpdjb (
     a_name nvarchar(32) null
 );
 create index ix_fpdjb_gl_djh on jxc_fpdjb (gl_djh);
+create index ix_fpdjb_fp_type_fp_ghskh_fp_rq_id on jxc_fpdjb (fp_type, fp_ghskh, fp_rq, id);
 create table jxc_kdd (
     id integer primary key autoincrement,
     kd_dh varchar(32) null,
