@@ -1,8 +1,11 @@
 #include "db/dialect_postgres.h"
 
+#include "db/backup_file.h"
+#include "db/copy.h"
 #include "db/database.h"
 #include "db/ddl.h"
 #include "db/schema.h"
+#include "db/sqlite_file.h"
 
 #include <QSqlQuery>
 
@@ -133,6 +136,10 @@ void PostgresDialect::beginWriting(Database &db) const {
     }
 }
 
+void PostgresDialect::beginReading(Database &db) const {
+    db.runDirect(QStringLiteral("begin isolation level repeatable read read only"));
+}
+
 void PostgresDialect::raise(const QSqlError &error, const QString &statement) const {
     raiseByState(error.nativeErrorCode(), error.text(), statement);
 }
@@ -170,6 +177,33 @@ void PostgresDialect::updateById(Database &db, const QString &table, const QStri
                columnArrays(rows));
 }
 
+qint64 PostgresDialect::lastId(Database &db, const QString &table) const {
+    return db
+        .row(QStringLiteral("select coalesce(pg_sequence_last_value("
+                            "pg_get_serial_sequence(?,'id')::regclass),0)"),
+             {table})
+        ->integer(size_t{0});
+}
+
+void PostgresDialect::setLastId(Database &db, const QString &table, qint64 id) const {
+    if (id > 0)
+        db.rows(QStringLiteral("select setval(pg_get_serial_sequence(?,'id'),?)"), {table, id});
+}
+
+void PostgresDialect::copyToFile(const Location &from, const QString &file) const {
+    {
+        Database source(from);
+        Database target(Location::ofFile(file), Database::Opening::empty);
+        copyAccountSet(source, target);
+    }
+    sealFile(file);
+}
+
+void PostgresDialect::replaceFromFile(Database &db, const QString &file,
+                                      const QString &keepAs) const {
+    replaceByTables(db, file, keepAs);
+}
+
 QStringList PostgresDialect::tableNames(Database &db) const {
     QStringList names;
     for (const Row &row : db.rows(
@@ -195,9 +229,11 @@ void PostgresDialect::widenText(Database &db, const QString &table, const Column
                                              "table_schema=current_schema() and table_name=? and "
                                              "column_name=?"),
                               {table, column.name});
-    if (!found) return;
+    if (!found)
+        return;
     const qint64 width = found->integer(u"character_maximum_length");
-    if (found->text(u"data_type") == QLatin1String("text") || width >= column.length) return;
+    if (found->text(u"data_type") == QLatin1String("text") || width >= column.length)
+        return;
     db.execute(QStringLiteral("alter table %1 alter column %2 type %3 using %2::varchar(%4)")
                    .arg(table, column.name, columnTypeSql(column, Engine::Postgres))
                    .arg(column.length));

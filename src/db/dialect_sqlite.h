@@ -12,6 +12,7 @@ public:
     void prepare(Database &db, QStringList &warnings) const override;
     [[nodiscard]] QVariant bind(const Value &value) const override;
     void beginWriting(Database &db) const override;
+    void beginReading(Database &db) const override;
     [[noreturn]] void raise(const QSqlError &error, const QString &statement) const override;
     [[nodiscard]] QString exactSum(const QString &column) const override;
     [[nodiscard]] QString exactSumOfProducts(const QString &a, const QString &b) const override;
@@ -19,6 +20,10 @@ public:
                                    const std::vector<Values> &rows) const override;
     void updateById(Database &db, const QString &table, const QStringList &columns,
                     const std::vector<Values> &rows) const override;
+    [[nodiscard]] qint64 lastId(Database &db, const QString &table) const override;
+    void setLastId(Database &db, const QString &table, qint64 id) const override;
+    void copyToFile(const Location &from, const QString &file) const override;
+    void replaceFromFile(Database &db, const QString &file, const QString &keepAs) const override;
     [[nodiscard]] QStringList tableNames(Database &db) const override;
     [[nodiscard]] QStringList columnNames(Database &db, const QString &table) const override;
     void widenText(Database &db, const QString &table, const Column &column) const override;
