@@ -65,7 +65,7 @@ public:
     }
 
     void run() {
-        recreate();
+        create();
         qint64 last = 0;
         if (m_table.hasPrimaryKey)
             last = copyInChunks();
@@ -78,8 +78,7 @@ public:
     }
 
 private:
-    void recreate() {
-        m_to.dropTableIfExists(m_table.name);
+    void create() {
         m_to.execute(createTableSql(m_table, m_to.engine()));
         for (const Column &column : m_columns)
             if (m_table.column(column.name) == nullptr)
@@ -161,7 +160,7 @@ void copyTable(Database &from, Database &to, const Table &table) {
     }
 }
 
-/// What is compared of a column, or empty for one that has nothing exact to compare.
+/// What is compared of a column: a whole number or an exact sum on either engine.
 QString figureSql(const Database &db, const Column &column) {
     if (column.isText())
         return QStringLiteral("coalesce(sum(length(%1)),0)").arg(column.name);
@@ -212,6 +211,9 @@ bool holdsAccountSet(Database &db) {
 void copyAccountSet(Database &from, Database &to, const CopyProgress &progress) {
     const ReadSnapshot snapshot(from);
     Transaction transaction(to);
+    for (const QString &name : to.tableNames())
+        if (schema().find(name) != nullptr)
+            to.execute(QStringLiteral("drop table ") + name);
     const auto &tables = schema().tables();
     for (size_t i = 0; i < tables.size(); ++i) {
         if (progress)
