@@ -34,11 +34,15 @@ bool inAnyWarehouseList(const Session &session) {
 
 } // namespace
 
+bool isWarehouseRestricted(const Session &session) {
+    return session.currentRoleNo != administratorNo &&
+           session.db().scalar(QStringLiteral("select cs_cs002 from jxc_xtcs")) ==
+               QLatin1String("1");
+}
+
 bool hasRight(const Session &session, QStringView group, int position) {
     const QString column = groupColumn(group);
-    const bool restricted =
-        session.db().scalar(QStringLiteral("select cs_cs002 from jxc_xtcs")) == QLatin1String("1");
-    if (restricted && session.currentRoleNo != administratorNo && !inAnyWarehouseList(session))
+    if (isWarehouseRestricted(session) && !inAnyWarehouseList(session))
         return false;
     return granted(
         session.db().scalar(QStringLiteral("select %1 from jxc_role where r_sn=?").arg(column),

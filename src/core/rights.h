@@ -12,8 +12,11 @@ class Session;
 /// another role than the administrator's who is in no warehouse's list has no right at all.
 [[nodiscard]] bool hasRight(const Session &session, QStringView group, int position);
 
-/// The same for another operator by name, who authorises an action; the warehouse lists do not
-/// count here.
+/// Whether the warehouse restriction is on and binds the current operator.
+[[nodiscard]] bool isWarehouseRestricted(const Session &session);
+
+/// The same as hasRight for another operator by name, who authorises an action; the warehouse lists
+/// do not count here.
 [[nodiscard]] bool userHasRight(const Session &session, const QString &operatorName,
                                 QStringView group, int position);
 

@@ -17,14 +17,6 @@ QString nextConnectionName() {
     return QStringLiteral("jxc-%1").arg(counter.fetchAndAddRelaxed(1));
 }
 
-// The tables that every layout of the program has had; a database without them is not ours.
-const QStringList &identifyingTables() {
-    static const QStringList tables = {QStringLiteral("jxc_goods"), QStringLiteral("jxc_xtcs"),
-                                       QStringLiteral("jxc_admin"),
-                                       QStringLiteral("jxc_goodslist")};
-    return tables;
-}
-
 bool looksLikeSqliteFile(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -259,6 +251,13 @@ void Database::begin() {
         m_doomed = false;
     }
     ++m_depth;
+}
+
+void Database::beginReading() {
+    reconnectIfLost();
+    m_dialect->beginReading(*this);
+    m_doomed = false;
+    m_depth = 1;
 }
 
 void Database::commit() {

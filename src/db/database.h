@@ -76,6 +76,7 @@ public:
 
 private:
     friend class Transaction;
+    friend class ReadSnapshot;
     friend class SqliteDialect;
     friend class PostgresDialect;
 
@@ -93,6 +94,7 @@ private:
     [[noreturn]] void fail(const QSqlError &error, const QString &sql);
 
     void begin();
+    void beginReading();
     void commit();
     void rollback() noexcept;
 

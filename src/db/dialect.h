@@ -38,6 +38,9 @@ public:
     /// Begins a transaction that holds the account set's write lock from its first statement.
     virtual void beginWriting(Database &db) const = 0;
 
+    /// Begins a transaction that only reads, and always the same state.
+    virtual void beginReading(Database &db) const = 0;
+
     /// Throws the error of ours that stands for the driver's.
     [[noreturn]] virtual void raise(const QSqlError &error, const QString &statement) const = 0;
 
@@ -53,6 +56,20 @@ public:
     /// Updates the given columns of rows named by id. Rows: id first, then the values.
     virtual void updateById(Database &db, const QString &table, const QStringList &columns,
                             const std::vector<Values> &rows) const = 0;
+
+    /// The largest id that the table ever gave out, also to rows that are gone; 0 for none.
+    [[nodiscard]] virtual qint64 lastId(Database &db, const QString &table) const = 0;
+    /// New rows get ids above this one.
+    virtual void setLastId(Database &db, const QString &table, qint64 id) const = 0;
+
+    /// Writes the account set at the location, complete and as of one moment while others go on
+    /// working in it, into a new file of the embedded engine.
+    virtual void copyToFile(const Location &from, const QString &file) const = 0;
+    /// Puts the content of such a file, of the current layout, in place of the open account set,
+    /// wholly or not at all. What is replaced is first written to `keepAs`; nothing that others
+    /// commit is missing there. No transaction may be open.
+    virtual void replaceFromFile(Database &db, const QString &file,
+                                 const QString &keepAs) const = 0;
 
     /// Names of the tables of the account set.
     [[nodiscard]] virtual QStringList tableNames(Database &db) const = 0;

@@ -1,9 +1,12 @@
 #include "db/dialect_postgres.h"
 
+#include "db/backup_file.h"
+#include "db/copy.h"
 #include "db/database.h"
 #include "db/ddl.h"
 #include "db/executor_qt.h"
 #include "db/schema.h"
+#include "db/sqlite_file.h"
 
 #include <QSqlQuery>
 
@@ -132,6 +135,10 @@ void PostgresDialect::beginWriting(Database &db) const {
     }
 }
 
+void PostgresDialect::beginReading(Database &db) const {
+    db.runDirect(QStringLiteral("begin isolation level repeatable read read only"));
+}
+
 void PostgresDialect::raise(const QSqlError &error, const QString &statement) const {
     raiseByState(error.nativeErrorCode(), error.text(), statement);
 }
@@ -167,6 +174,33 @@ void PostgresDialect::updateById(Database &db, const QString &table, const QStri
     db.execute(QStringLiteral("update %1 set %2 from %3 as n(%4) where %1.id=n.id")
                    .arg(table, settings.join(u','), unnest(table, all), all.join(u',')),
                columnArrays(rows));
+}
+
+qint64 PostgresDialect::lastId(Database &db, const QString &table) const {
+    return db
+        .row(QStringLiteral("select coalesce(pg_sequence_last_value("
+                            "pg_get_serial_sequence(?,'id')::regclass),0)"),
+             {table})
+        ->integer(size_t{0});
+}
+
+void PostgresDialect::setLastId(Database &db, const QString &table, qint64 id) const {
+    if (id > 0)
+        db.rows(QStringLiteral("select setval(pg_get_serial_sequence(?,'id'),?)"), {table, id});
+}
+
+void PostgresDialect::copyToFile(const Location &from, const QString &file) const {
+    {
+        Database source(from);
+        Database target(Location::ofFile(file), Database::Opening::empty);
+        copyAccountSet(source, target);
+    }
+    sealFile(file);
+}
+
+void PostgresDialect::replaceFromFile(Database &db, const QString &file,
+                                      const QString &keepAs) const {
+    replaceByTables(db, file, keepAs);
 }
 
 QStringList PostgresDialect::tableNames(Database &db) const {

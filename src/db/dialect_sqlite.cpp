@@ -1,7 +1,9 @@
 #include "db/dialect_sqlite.h"
 
+#include "db/backup_file.h"
 #include "db/database.h"
 #include "db/executor_sqlite.h"
+#include "db/sqlite_file.h"
 #include "db/sqlite_sums.h"
 
 #include <QFileInfo>
@@ -68,6 +70,10 @@ void SqliteDialect::beginWriting(Database &db) const {
     db.runDirect(QStringLiteral("begin immediate"));
 }
 
+void SqliteDialect::beginReading(Database &db) const {
+    db.runDirect(QStringLiteral("begin"));
+}
+
 void SqliteDialect::raise(const QSqlError &error, const QString &statement) const {
     const QString code = error.nativeErrorCode();
     switch (code.toInt() & 0xff) {
@@ -127,6 +133,42 @@ void SqliteDialect::updateById(Database &db, const QString &table, const QString
         values.push_back(row.front());
         db.run(sql, values);
     }
+}
+
+qint64 SqliteDialect::lastId(Database &db, const QString &table) const {
+    const auto row =
+        db.row(QStringLiteral("select seq from sqlite_sequence where name=?"), {table});
+    return row ? row->integer(size_t{0}) : 0;
+}
+
+void SqliteDialect::setLastId(Database &db, const QString &table, qint64 id) const {
+    db.execute(QStringLiteral("delete from sqlite_sequence where name=?"), {table});
+    db.execute(QStringLiteral("insert into sqlite_sequence (name,seq) values (?,?)"), {table, id});
+}
+
+void SqliteDialect::copyToFile(const Location &from, const QString &file) const {
+    SqliteFile source(from.file, SqliteFile::Use::shared);
+    SqliteFile target(file, SqliteFile::Use::fresh);
+    PageCopy(source.handle(), target.handle()).finish();
+    target.seal();
+}
+
+void SqliteDialect::replaceFromFile(Database &db, const QString &file,
+                                    const QString &keepAs) const {
+    SqliteFile source(file, SqliteFile::Use::shared);
+    const QString pageSize = QStringLiteral("pragma page_size");
+    // Without a write-ahead log nobody can read while the pages are replaced, so the replaced set
+    // could not be kept whole; and a log does not take pages of another size.
+    if (db.scalar(QStringLiteral("pragma journal_mode")) != QLatin1String("wal") ||
+        db.scalar(pageSize) != source.text(pageSize)) {
+        replaceByTables(db, file, keepAs);
+        return;
+    }
+    const QVariant handle = db.driverHandle();
+    PageCopy copy(source.handle(), *static_cast<sqlite3 *const *>(handle.constData()));
+    copy.lockTarget(); // from here on nobody commits what would be missing in the kept file
+    writeBackupFile(db.location(), keepAs);
+    copy.finish();
 }
 
 QStringList SqliteDialect::tableNames(Database &db) const {

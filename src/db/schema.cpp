@@ -28,6 +28,13 @@ const Schema &schema() {
     return instance;
 }
 
+const QStringList &identifyingTables() {
+    static const QStringList tables = {QStringLiteral("jxc_goods"), QStringLiteral("jxc_xtcs"),
+                                       QStringLiteral("jxc_admin"),
+                                       QStringLiteral("jxc_goodslist")};
+    return tables;
+}
+
 const Table &table(QStringView tableName) {
     const Table *found = schema().find(tableName);
     if (found == nullptr)

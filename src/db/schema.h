@@ -69,6 +69,9 @@ private:
 /// file and line.
 const Schema &schema();
 
+/// The tables that every layout of the program has had; a database without them is not ours.
+const QStringList &identifyingTables();
+
 /// Throws std::logic_error for a name that the schema does not know.
 const Table &table(QStringView tableName);
 

@@ -3,7 +3,6 @@
 #include "core/login.h"
 #include "core/operation_log.h"
 #include "core/session.h"
-#include "db/upgrade.h"
 #include "money/partner_ledger.h"
 
 namespace jxc {
@@ -22,10 +21,14 @@ void recomputeOldPartner(Database &db, const QString &kind, const QString &numbe
 
 } // namespace
 
+UpgradeHooks upgradeHooks() {
+    return {recomputeOldPartner};
+}
+
 QStringList upgradeAccountSet(Session &session) {
     if (!needsUpgrade(session.db()))
         return {};
-    return upgradeDatabase(session.db(), session.now().date(), {recomputeOldPartner});
+    return upgradeDatabase(session.db(), session.now().date(), upgradeHooks());
 }
 
 Opening openSession(Session &session, const QString &operatorName, const QString &password) {

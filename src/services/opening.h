@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/action.h"
+#include "db/upgrade.h"
 
 #include <QStringList>
 
@@ -18,6 +19,9 @@ struct Opening {
 /// release up to date, writes "登录系统" to the log and loads company, parameters and rights.
 /// Refused with "用户密码不正确，请重新输入！".
 Opening openSession(Session &session, const QString &operatorName, const QString &password);
+
+/// What an upgrade needs of the money ledgers.
+[[nodiscard]] UpgradeHooks upgradeHooks();
 
 /// Runs the upgrade alone; answers the dates of its steps. Throws DatabaseError.
 QStringList upgradeAccountSet(Session &session);

@@ -297,7 +297,7 @@ void TestUpgrade::oldMoneyKeepsItsBalances() {
     QCOMPARE(bank.decimal(u"xj_ljje"), Decimal(7));
 
     // A discount joins the amount due of what was paid in full, and of nothing else.
-    const auto due = [&](const QString &number, const Values &) {
+    const auto due = [&](const QString &number) {
         return only(db, u"select j_yfje from jxc_jhd where j_sn='%1'"_qs.arg(number))
             .decimal(u"j_yfje");
     };
