@@ -363,7 +363,6 @@ create table jxc_goodslist (
 );
 create index ix_goodslist_g_sn_ck_sn_gl_kdrq_id on jxc_goodslist (g_sn, ck_sn, gl_kdrq, id);
 create index ix_goodslist_gl_djh on jxc_goodslist (gl_djh);
-create index ix_goodslist_gl_kdrq on jxc_goodslist (gl_kdrq);
 create table jxc_djbz (
     id integer primary key autoincrement,
     dj_sn varchar(8) null,
