@@ -11,6 +11,8 @@ ExitCode verify(Context &context) {
     const bool all = context.takeSwitch(QStringLiteral("--all"));
     if (!context.arguments().isEmpty())
         throw UsageError(QStringLiteral("verify [--all]"));
+    if (needsUpgrade(context.database()))
+        throw Refusal(QStringLiteral("帐套的版本较旧，请先升级：jxcctl upgrade"));
     return sayVerification(context.database(), {.all = all});
 }
 

@@ -4,6 +4,7 @@
 #include "db/copy.h"
 #include "db/creation.h"
 #include "db/transaction.h"
+#include "money/cash_journal.h"
 #include "services/demo_data.h"
 #include "services/demo_trade.h"
 #include "services/opening.h"
@@ -28,6 +29,30 @@ bool isPlayedShop(Database &db) {
     return db.scalar(QStringLiteral("select c_name from jxc_company")) == playedShop;
 }
 
+/// A set that was just created, with nothing of anybody's in it.
+bool isBlank(Database &db) {
+    return !db.exists(QStringLiteral("select id from jxc_goods where g_sn<>'00000000' limit 1")) &&
+           !db.exists(QStringLiteral("select id from jxc_goodslist limit 1")) &&
+           !db.exists(QStringLiteral("select id from jxc_ysyfk limit 1"));
+}
+
+/// What the owner put into the business, in cash and at the bank.
+void bookCapital(Session &session) {
+    for (const auto &[account, amount] :
+         {std::pair{QStringLiteral("现金"), 300'000}, {QStringLiteral("工行帐号"), 200'000}})
+        addCashEntry(session.db(), {account,
+                                    session.today(),
+                                    {},
+                                    QStringLiteral("期初金额"),
+                                    amount,
+                                    {},
+                                    {},
+                                    {},
+                                    {},
+                                    QStringLiteral("投入资金"),
+                                    QStringLiteral("admin")});
+}
+
 /// A new account set with the demo's master data, at a place that holds none, or an earlier play.
 Shop openShop(Context &context, const QDate &firstDay, int goods) {
     const Location location = context.location();
@@ -35,7 +60,7 @@ Shop openShop(Context &context, const QDate &firstDay, int goods) {
         QDir().mkpath(QFileInfo(location.file).absolutePath());
     Shop shop;
     shop.db = std::make_unique<Database>(location, Database::Opening::empty);
-    if (holdsAccountSet(*shop.db) && !isPlayedShop(*shop.db))
+    if (holdsAccountSet(*shop.db) && !isPlayedShop(*shop.db) && !isBlank(*shop.db))
         throw Refusal(QStringLiteral("已有帐套，不能用演示数据覆盖：%1").arg(location.display()));
     shop.clock = std::make_unique<FixedClock>(QDateTime(firstDay, QTime(8, 0)));
     shop.session = std::make_unique<Session>(*shop.db, *shop.clock);
@@ -44,6 +69,7 @@ Shop openShop(Context &context, const QDate &firstDay, int goods) {
     shop.db->execute(QStringLiteral("update jxc_company set c_name=?,c_jc=?"),
                      {playedShop, u"演示店"});
     loadDemoMasterData(*shop.session, {.goods = goods});
+    bookCapital(*shop.session);
     transaction.commit();
     const Opening opening = openSession(*shop.session, QStringLiteral("admin"), {});
     if (!opening.outcome.isDone())
