@@ -15,12 +15,6 @@ using namespace jxc::bench;
 
 namespace {
 
-class Agreeing : public Prompter {
-public:
-    void inform(const QString &, const QString &) override {}
-    bool confirm(const QString &, const QString &) override { return true; }
-};
-
 double quantile(std::vector<double> values, double q) {
     std::sort(values.begin(), values.end());
     return values[static_cast<size_t>(q * static_cast<double>(values.size() - 1))];
@@ -33,7 +27,7 @@ void report(const char *what, const std::vector<double> &values, const char *uni
 }
 
 void approve(Shop &shop, const QString &number) {
-    Agreeing yes;
+    AgreeingPrompter yes;
     const Outcome outcome = approveDocument(shop.session(), yes, number);
     if (!outcome.isDone())
         qFatal("%s: %s", qPrintable(number), qPrintable(outcome.text));

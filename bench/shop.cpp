@@ -8,12 +8,6 @@ namespace jxc::bench {
 
 namespace {
 
-class Agreeing : public Prompter {
-public:
-    void inform(const QString &, const QString &) override {}
-    bool confirm(const QString &, const QString &) override { return true; }
-};
-
 QString goodsNumber(int index) {
     return QString::number(30'000'000 + index);
 }
@@ -118,7 +112,7 @@ QString Shop::draftReceipt(int lines, int firstGoods, const QString &date) {
                       QStringLiteral("2026-01-01")};
         d.lines.push_back(line);
     }
-    Agreeing yes;
+    AgreeingPrompter yes;
     QString number;
     const Outcome outcome = saveDraft(m_session, yes, d, &number);
     if (!outcome.isDone())

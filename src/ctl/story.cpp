@@ -23,13 +23,6 @@ const QString customer = QStringLiteral("100002");
 const QString walkIn = QStringLiteral("100001");
 const QString warehouse = QStringLiteral("100001");
 
-/// The story's own operator says yes.
-class Agreeing : public Prompter {
-public:
-    void inform(const QString &, const QString &) override {}
-    bool confirm(const QString &, const QString &) override { return true; }
-};
-
 class Story {
 public:
     Story(Session &session, FixedClock &clock)
@@ -191,7 +184,7 @@ private:
     Session &m_session;
     Database &m_db;
     FixedClock &m_clock;
-    Agreeing m_prompter;
+    AgreeingPrompter m_prompter;
     QString m_goods;
 };
 

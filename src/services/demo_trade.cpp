@@ -16,13 +16,6 @@ namespace jxc {
 
 namespace {
 
-/// The demo's own operator says yes.
-class Agreeing : public Prompter {
-public:
-    void inform(const QString &, const QString &) override {}
-    bool confirm(const QString &, const QString &) override { return true; }
-};
-
 struct Goods {
     QString number;
     Decimal buying, selling, limit;
@@ -270,7 +263,7 @@ private:
     FixedClock &m_clock;
     DemoTrade m_trade;
     std::mt19937 m_random; // its numbers are the same everywhere: a seed replays the shop
-    Agreeing m_prompter;
+    AgreeingPrompter m_prompter;
     QDate m_day;
     DemoCounts m_counts;
     std::vector<Goods> m_goods;
