@@ -35,9 +35,10 @@ bool inAnyWarehouseList(const Session &session) {
 } // namespace
 
 bool isWarehouseRestricted(const Session &session) {
-    return session.currentRoleNo != administratorNo &&
-           session.db().scalar(QStringLiteral("select cs_cs002 from jxc_xtcs")) ==
-               QLatin1String("1");
+    if (session.currentRoleNo == administratorNo)
+        return false;
+    const auto parameters = session.db().row(QStringLiteral("select cs_cs002 from jxc_xtcs"));
+    return parameters && parameters->flag(u"cs_cs002");
 }
 
 bool hasRight(const Session &session, QStringView group, int position) {
