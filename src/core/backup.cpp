@@ -19,7 +19,7 @@ QString backupFileName(const Session &session, const QDateTime &time) {
 QString backupTo(const Session &session, const QString &folder) {
     if (folder.isEmpty() || !QDir(folder).exists())
         throw DatabaseError(QStringLiteral("备份失败，文件夹不存在！"), {}, {});
-    const QString target = QDir(folder).filePath(backupFileName(session, session.now()));
+    QString target = QDir(folder).filePath(backupFileName(session, session.now()));
     writeBackupFile(session.db().location(), target);
     return target;
 }
@@ -62,7 +62,7 @@ int deleteBackupFiles(const Session &session, const QString &folder) {
 
 Outcome saveBackupSettings(Session &session, Prompter &prompter, const BackupSettings &settings) {
     Database &db = session.db();
-    const Outcome outcome = runAction(db, prompter, [&](Answers &) {
+    Outcome outcome = runAction(db, prompter, [&](Answers &) {
         db.execute(QStringLiteral("delete from jxc_backup"));
         db.insertRow(QStringLiteral("jxc_backup"),
                      {{QStringLiteral("back_path"), settings.folder},
@@ -79,7 +79,7 @@ Outcome saveBackupSettings(Session &session, Prompter &prompter, const BackupSet
 Outcome manualBackup(Session &session, Prompter &prompter, const BackupSettings &settings) {
     if (settings.folder.trimmed().isEmpty())
         return {Outcome::Kind::refused, QStringLiteral("备份路径必须填写！")};
-    const Outcome saved = saveBackupSettings(session, prompter, settings);
+    Outcome saved = saveBackupSettings(session, prompter, settings);
     if (!saved.isDone())
         return saved;
     if (!QDir(settings.folder).exists())

@@ -124,7 +124,7 @@ Outcome modifyOperator(Session &session, Prompter &prompter, qint64 id,
     Database &db = session.db();
     QString number;
     QString name;
-    const Outcome outcome = runAction(db, prompter, [&](Answers &) {
+    Outcome outcome = runAction(db, prompter, [&](Answers &) {
         const Row before = existing(db, QStringLiteral("id"), id);
         number = before.text(u"a_sn");
         requireOwnOrAdministrator(session, number);

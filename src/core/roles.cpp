@@ -30,7 +30,7 @@ QString flagText(QString flags, const RightsGroup &group, const std::vector<bool
 }
 
 QString checkedName(Database &db, const QString &typed, qint64 ownId) {
-    const QString name = sanitizeSqlText(typed.trimmed());
+    QString name = sanitizeSqlText(typed.trimmed());
     if (name.isEmpty())
         throw Refusal(QStringLiteral("角色名称必须填写！"));
     if (db.exists(QStringLiteral("select r_name from jxc_role where r_name=? and id<>?"),

@@ -6,6 +6,7 @@
 #include "db/transaction.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <filesystem>
 #include <sqlite3.h>
 
@@ -48,12 +49,11 @@ SqliteFile::Use useOf(const QString &file) {
 }
 
 bool isOurs(const SqliteFile &file) {
-    for (const QString &table : identifyingTables())
-        if (file.text(QStringLiteral("select name from sqlite_master where type='table' and "
-                                     "name='%1'")
-                          .arg(table)) != table)
-            return false;
-    return true;
+    const QString find =
+        QStringLiteral("select name from sqlite_master where type='table' and name='%1'");
+    return std::ranges::all_of(identifyingTables(), [&](const QString &table) {
+        return file.text(find.arg(table)) == table;
+    });
 }
 
 } // namespace

@@ -19,7 +19,7 @@ enum class BackupFault {
     damaged
 };
 /// Reads the whole file and changes nothing in it or beside it.
-[[nodiscard]] BackupFault checkBackupFile(const QString &file);
+[[nodiscard]] BackupFault checkBackupFile(const QString &path);
 
 /// Copies a backup to where it can be opened as an account set, also from a place where nothing can
 /// be written.

@@ -7,6 +7,7 @@
 #include "db/upgrade_steps.h"
 
 #include <QSet>
+#include <algorithm>
 #include <limits>
 
 namespace jxc {
@@ -202,10 +203,9 @@ QStringList compareTable(Database &from, Database &to, const Table &table) {
 } // namespace
 
 bool holdsAccountSet(Database &db) {
-    for (const QString &name : db.tableNames())
-        if (schema().find(name) != nullptr)
-            return true;
-    return false;
+    const QStringList names = db.tableNames();
+    return std::ranges::any_of(names,
+                               [](const QString &name) { return schema().find(name) != nullptr; });
 }
 
 void copyAccountSet(Database &from, Database &to, const CopyProgress &progress) {
