@@ -11,6 +11,7 @@ namespace jxc {
 
 namespace {
 
+constexpr int busyTries = 3;
 const QString notRecognised = QStringLiteral("备份文件不可识别，不能恢复！");
 
 void check(const QString &file) {
@@ -48,13 +49,8 @@ QString freeName(const Session &session, const QString &folder) {
     }
 }
 
-QString restore(const Session &session, const RestoreRequest &request) {
-    const QString folder = keepFolder(session, request);
-    const QTemporaryDir place(QDir(folder).filePath(QStringLiteral("restore-XXXXXX")));
-    if (!place.isValid())
-        throw DatabaseError(QStringLiteral("数据文件夹不能写入：%1").arg(folder), {}, {});
-    const QString staged = place.filePath(QStringLiteral("staged"));
-    stage(session, request, staged);
+/// Answers the name of the kept set.
+QString replaceOnce(const Session &session, const QString &folder, const QString &staged) {
     QString kept = freeName(session, folder);
     try {
         session.db().dialect().replaceFromFile(session.db(), staged, kept);
@@ -65,6 +61,23 @@ QString restore(const Session &session, const RestoreRequest &request) {
         throw;
     }
     return kept;
+}
+
+QString restore(const Session &session, const RestoreRequest &request) {
+    const QString folder = keepFolder(session, request);
+    const QTemporaryDir place(QDir(folder).filePath(QStringLiteral("restore-XXXXXX")));
+    if (!place.isValid())
+        throw DatabaseError(QStringLiteral("数据文件夹不能写入：%1").arg(folder), {}, {});
+    const QString staged = place.filePath(QStringLiteral("staged"));
+    stage(session, request, staged);
+    for (int tries = 1;; ++tries) {
+        try {
+            return replaceOnce(session, folder, staged);
+        } catch (const BusyError &) { // each has waited for seconds
+            if (tries == busyTries)
+                throw;
+        }
+    }
 }
 
 } // namespace
