@@ -43,7 +43,8 @@ Assignments commonLine(const OpenLine &open, const Parameters &parameters, const
     };
     const Decimal price = from(u"_dj");
     const Decimal discount = from(u"_dzl");
-    const Decimal tax = (price * from(u"_tax") / Decimal(100)).rounded(6);
+    // A rate of the shop has few places, so that a hundredth of it is exact.
+    const Decimal rate = (from(u"_tax") / Decimal(100)).rounded(6);
     return {
         {QStringLiteral("g_sn"), l.text(u"g_sn")},
         {QStringLiteral("th_dj"), price},
@@ -52,8 +53,7 @@ Assignments commonLine(const OpenLine &open, const Parameters &parameters, const
         {QStringLiteral("th_je"), amountOf(open.quantity, price, discount, parameters)},
         {QStringLiteral("th_tax"), from(u"_tax")},
         {QStringLiteral("th_taxdj"), from(u"_taxdj")},
-        {QStringLiteral("th_taxje"),
-         (open.quantity * tax).rounded(6).rounded(parameters.amountDecimals)},
+        {QStringLiteral("th_taxje"), amountOf(open.quantity, price, rate, parameters)},
         {QStringLiteral("th_zsl"), (from(u"_zsl") * open.quantity / from(u"_sl")).rounded(6)},
         {QStringLiteral("th_dzl"), discount},
         {QStringLiteral("th_bz"), u""},
