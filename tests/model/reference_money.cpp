@@ -149,7 +149,7 @@ void ReferenceBooks::postMoney(const Names &names, const Record &header) {
 }
 
 void ReferenceBooks::postFees(const Names &names, const Record &header) {
-    const QString date = header.text(names.date);
+    const QString &date = header.text(names.date);
     const QStringList notes = feeNotes(names.code, header.text(names.number));
     const QStringList kinds = {QStringLiteral("运费"), QStringLiteral("包装费")};
     const std::vector<Decimal> amounts = {header.number(names.ofHeader(u"_yf")),
