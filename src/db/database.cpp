@@ -253,8 +253,7 @@ void Database::commit() {
         throw std::logic_error("commit after a part of the transaction was rolled back");
     if (m_depth == 1) {
         observe(QStringLiteral("commit"));
-        if (!m_connection.commit())
-            fail(m_connection.lastError(), QStringLiteral("commit"));
+        m_dialect->commit(*this);
     }
     --m_depth;
 }
