@@ -115,6 +115,9 @@ void Database::fail(const QSqlError &error, const QString &sql) {
 }
 
 StatementResult Database::run(const QString &sql, const Values &values) {
+    // Within a transaction the statements before are gone, so the transaction has to be run anew.
+    if (m_depth == 0)
+        reconnectIfLost();
     observe(sql, values);
     return m_executor->run(sql, values);
 }
