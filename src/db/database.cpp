@@ -125,7 +125,11 @@ StatementResult Database::run(const QString &sql, const Values &values) {
 void Database::runDirect(const QString &sql) {
     observe(sql);
     QSqlQuery query(m_connection);
-    if (!query.exec(sql))
+    query.exec(sql);
+    // exec() tells of the first statement only; a wait for the write lock may fail in the last.
+    while (query.nextResult()) {
+    }
+    if (query.lastError().isValid())
         fail(query.lastError(), sql);
 }
 
