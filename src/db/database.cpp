@@ -3,8 +3,6 @@
 #include "db/schema.h"
 
 #include <QAtomicInt>
-#include <QFile>
-#include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlQuery>
 
@@ -17,25 +15,12 @@ QString nextConnectionName() {
     return QStringLiteral("jxc-%1").arg(counter.fetchAndAddRelaxed(1));
 }
 
-bool looksLikeSqliteFile(const QString &path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    // A fresh set may still live in its write-ahead log, before the main file got its first page.
-    if (file.size() == 0)
-        return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
-    return file.read(16) == QByteArray("SQLite format 3\0", 16);
-}
-
 } // namespace
 
 Database::Database(Location location, Opening opening)
     : m_location(std::move(location))
     , m_dialect(Dialect::create(m_location.engine))
     , m_connectionName(nextConnectionName()) {
-    const bool isFile = m_location.engine == Engine::Sqlite;
-    if (isFile && opening == Opening::existing && !looksLikeSqliteFile(m_location.file))
-        throw NotOurDatabase(m_location.display());
     try {
         if (opening == Opening::existing)
             refuseForeign();
@@ -77,7 +62,10 @@ void Database::makeExecutor() {
         m_connection, [this](const QSqlError &error, const QString &sql) { fail(error, sql); });
 }
 
-/// Looks through a connection that only reads, before anything is set on the file.
+/// Looks through a connection that only reads, before anything is set on the file. Only the engine
+/// may open the file: closing it by other means would, on Unix, drop the locks of this program's
+/// other connections, and another program that leaves would take away the write-ahead log which
+/// they still write.
 void Database::refuseForeign() {
     m_connection = QSqlDatabase::addDatabase(m_dialect->driverName(), m_connectionName);
     m_dialect->configure(m_connection, m_location);
@@ -127,6 +115,9 @@ void Database::fail(const QSqlError &error, const QString &sql) {
 }
 
 StatementResult Database::run(const QString &sql, const Values &values) {
+    // Within a transaction the statements before are gone, so the transaction has to be run anew.
+    if (m_depth == 0)
+        reconnectIfLost();
     observe(sql, values);
     return m_executor->run(sql, values);
 }
@@ -134,7 +125,11 @@ StatementResult Database::run(const QString &sql, const Values &values) {
 void Database::runDirect(const QString &sql) {
     observe(sql);
     QSqlQuery query(m_connection);
-    if (!query.exec(sql))
+    query.exec(sql);
+    // exec() tells of the first statement only; a wait for the write lock may fail in the last.
+    while (query.nextResult()) {
+    }
+    if (query.lastError().isValid())
         fail(query.lastError(), sql);
 }
 
@@ -265,8 +260,7 @@ void Database::commit() {
         throw std::logic_error("commit after a part of the transaction was rolled back");
     if (m_depth == 1) {
         observe(QStringLiteral("commit"));
-        if (!m_connection.commit())
-            fail(m_connection.lastError(), QStringLiteral("commit"));
+        m_dialect->commit(*this);
     }
     --m_depth;
 }

@@ -41,6 +41,9 @@ public:
     /// Begins a transaction that only reads, and always the same state.
     virtual void beginReading(Database &db) const = 0;
 
+    /// Commits the open transaction.
+    virtual void commit(Database &db) const = 0;
+
     /// Throws the error of ours that stands for the driver's.
     [[noreturn]] virtual void raise(const QSqlError &error, const QString &statement) const = 0;
 

@@ -139,6 +139,12 @@ void PostgresDialect::beginReading(Database &db) const {
     db.runDirect(QStringLiteral("begin isolation level repeatable read read only"));
 }
 
+void PostgresDialect::commit(Database &db) const {
+    // The driver's own also notices a commit that the server answered with a rollback.
+    if (!db.m_connection.commit())
+        db.fail(db.m_connection.lastError(), QStringLiteral("commit"));
+}
+
 void PostgresDialect::raise(const QSqlError &error, const QString &statement) const {
     raiseByState(error.nativeErrorCode(), error.text(), statement);
 }

@@ -14,6 +14,7 @@ public:
     createExecutor(const QSqlDatabase &connection, Executor::Failure failure) const override;
     void beginWriting(Database &db) const override;
     void beginReading(Database &db) const override;
+    void commit(Database &db) const override;
     [[noreturn]] void raise(const QSqlError &error, const QString &statement) const override;
     [[nodiscard]] QString exactSum(const QString &column) const override;
     [[nodiscard]] QString exactSumOfProducts(const QString &a, const QString &b) const override;

@@ -8,6 +8,7 @@
 
 #include <QFileInfo>
 #include <QSqlDriver>
+#include <QSqlQuery>
 #include <QStorageInfo>
 #include <sqlite3.h>
 
@@ -72,6 +73,14 @@ void SqliteDialect::beginWriting(Database &db) const {
 
 void SqliteDialect::beginReading(Database &db) const {
     db.runDirect(QStringLiteral("begin"));
+}
+
+void SqliteDialect::commit(Database &db) const {
+    // The driver's own commit keeps the engine's code to itself, and a full disk may show only
+    // here.
+    QSqlQuery query(db.m_connection);
+    if (!query.exec(QStringLiteral("commit")))
+        db.fail(query.lastError(), QStringLiteral("commit"));
 }
 
 void SqliteDialect::raise(const QSqlError &error, const QString &statement) const {
