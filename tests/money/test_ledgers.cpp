@@ -106,6 +106,8 @@ private Q_SLOTS:
     void accountBalances();
     void receiptAndPayment_data() { addEngineRows(); }
     void receiptAndPayment();
+    void settledDocuments_data() { addEngineRows(); }
+    void settledDocuments();
     void amountsEntered_data() { addEngineRows(); }
     void amountsEntered();
     void settlementRefusals_data() { addEngineRows(); }
@@ -247,6 +249,31 @@ void TestLedgers::receiptAndPayment() {
     // The documents stay, as drafts.
     QCOMPARE(shop.texts(u"select gl_djh,k_check,k_checker from jxc_ysyfk_dj order by id"_qs),
              (QStringList{receipt + u"|0|"_qs, payment + u"|0|"_qs}));
+}
+
+/// A receipt of 30 that names a sale of 72 raises what is settled of it, and takes it back.
+void TestLedgers::settledDocuments() {
+    Shop shop;
+    shop.addGoods(g1);
+    shop.post(u"CJ"_qs, day(5), {lineOf(10, 5)});
+    const QString sale = shop.post(u"XS"_qs, day(6), {lineOf(8, 9)}, onAccount);
+    const QString receipt = saveSettled(shop, u"SK"_qs, 30);
+    shop.db.insertRow(u"jxc_fkmx"_qs,
+                      {{u"fk_sn"_qs, receipt}, {u"gl_djh"_qs, sale}, {u"fk_je"_qs, 30}});
+    const auto settled = [&] { return shop.figures(u"select ls_hkje from jxc_lsxsd"_qs); };
+    Shop::demand(approveIt(shop, receipt));
+    QCOMPARE(settled(), u"30"_qs);
+    Shop::demand(cancelSettlement(shop.session, shop.user, receipt));
+    QCOMPARE(settled(), u"0"_qs);
+    Shop::demand(approveIt(shop, receipt));
+    shop.cancel(sale); // the 30 become an advance
+    QCOMPARE(settled(), u"0"_qs);
+    QVERIFY(shop.texts(u"select id from jxc_fkmx"_qs).isEmpty());
+    QCOMPARE(CurrentBalance(shop.db, customer), -30_d);
+    shop.approve(sale);
+    Shop::demand(cancelSettlement(shop.session, shop.user, receipt));
+    QCOMPARE(settled(), u"0"_qs); // it names the sale no more
+    QCOMPARE(CurrentBalance(shop.db, customer), 72_d);
 }
 
 /// What is entered as owed touches no account; a negative amount lowers the debt.

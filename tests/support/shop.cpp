@@ -93,7 +93,7 @@ QString Shop::save(const QString &code, const QString &date, const std::vector<D
 
 QString Shop::post(const QString &code, const QString &date, const std::vector<DraftLine> &lines,
                    const std::function<void(Draft &)> &more) {
-    const QString number = save(code, date, lines, more);
+    QString number = save(code, date, lines, more);
     approve(number);
     return number;
 }
