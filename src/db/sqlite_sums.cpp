@@ -3,8 +3,10 @@
 #include "base/decimal.h"
 #include "db/database.h"
 
+#include <cstring>
 #include <new>
 #include <sqlite3.h>
+#include <type_traits>
 
 namespace jxc {
 
@@ -24,16 +26,34 @@ Decimal argument(sqlite3_value *value) {
     }
 }
 
-// The engine hands out zeroed memory per group; all-zero bits are a valid state of both sums.
+/// A sum that the engine keeps between two rows. Its memory starts zeroed, which is a sum of
+/// nothing, and is aligned for less than a sum needs, so the sum is copied out and back.
 template<class Sum>
-Sum *stateOf(sqlite3_context *context) {
-    return static_cast<Sum *>(sqlite3_aggregate_context(context, sizeof(Sum)));
-}
+class KeptSum {
+public:
+    explicit KeptSum(sqlite3_context *context)
+        : m_place(sqlite3_aggregate_context(context, sizeof(Sum))) {
+        if (m_place == nullptr)
+            throw std::bad_alloc();
+        std::memcpy(&m_sum, m_place, sizeof(Sum));
+    }
 
-template<class Add>
-void guarded(sqlite3_context *context, Add &&add) {
+    void add(const Sum &value) {
+        m_sum += value;
+        std::memcpy(m_place, &m_sum, sizeof(Sum));
+    }
+    [[nodiscard]] const Sum &sum() const { return m_sum; }
+
+private:
+    static_assert(std::is_trivially_copyable_v<Sum>);
+    void *m_place;
+    Sum m_sum;
+};
+
+template<class Work>
+void guarded(sqlite3_context *context, const Work &work) {
     try {
-        add();
+        work();
     } catch (const std::exception &error) {
         sqlite3_result_error(context, error.what(), -1);
     }
@@ -44,21 +64,21 @@ void answer(sqlite3_context *context, const QByteArray &text) {
 }
 
 void addFigure(sqlite3_context *context, int, sqlite3_value **values) {
-    guarded(context, [&] { *stateOf<Decimal>(context) += argument(values[0]); });
+    guarded(context, [&] { KeptSum<Decimal>(context).add(argument(values[0])); });
 }
 
 void answerSum(sqlite3_context *context) {
-    answer(context, stateOf<Decimal>(context)->toText().toUtf8());
+    guarded(context, [&] { answer(context, KeptSum<Decimal>(context).sum().toText().toUtf8()); });
 }
 
 void addProduct(sqlite3_context *context, int, sqlite3_value **values) {
     guarded(context,
-            [&] { *stateOf<Product>(context) += argument(values[0]) * argument(values[1]); });
+            [&] { KeptSum<Product>(context).add(argument(values[0]) * argument(values[1])); });
 }
 
 void answerProducts(sqlite3_context *context) {
     guarded(context,
-            [&] { answer(context, stateOf<Product>(context)->rounded(6).toText().toUtf8()); });
+            [&] { answer(context, KeptSum<Product>(context).sum().rounded(6).toText().toUtf8()); });
 }
 
 } // namespace
