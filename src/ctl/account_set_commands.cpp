@@ -3,6 +3,7 @@
 #include "ctl/commands.h"
 #include "db/copy.h"
 #include "db/creation.h"
+#include "db/sqlite_file.h"
 #include "db/transaction.h"
 #include "services/opening.h"
 
@@ -21,13 +22,33 @@ void makeFolderOf(const Location &location) {
         throw Refusal(QStringLiteral("不能建立文件夹：%1").arg(folder));
 }
 
-/// Opens the place of an account set to be made. A file of another kind is never overwritten.
-std::unique_ptr<Database> openTarget(const Location &location, bool force) {
-    if (location.engine == Engine::Sqlite && QFileInfo(location.file).size() > 0) {
-        QFile file(location.file);
-        if (!file.open(QIODevice::ReadOnly) || file.read(15) != QByteArray("SQLite format 3"))
+/// Whether a file of the embedded engine holds no table at all, as one does when making an account
+/// set in it was broken off.
+bool isBlankFile(const QString &path) {
+    try {
+        return SqliteFile(path, SqliteFile::Use::shared)
+                   .text(QStringLiteral("select count(*) from sqlite_master")) ==
+               QLatin1String("0");
+    } catch (const DatabaseError &) {
+        return false;
+    }
+}
+
+/// A file of another kind is never overwritten, not even by force.
+void refuseForeignFile(const Location &location) {
+    if (location.engine != Engine::Sqlite || QFileInfo(location.file).size() == 0)
+        return;
+    try {
+        const Database existing(location);
+    } catch (const NotOurDatabase &) {
+        if (!isBlankFile(location.file))
             throw Refusal(QStringLiteral("文件不是帐套，不能覆盖：%1").arg(location.display()));
     }
+}
+
+/// Opens the place of an account set to be made.
+std::unique_ptr<Database> openTarget(const Location &location, bool force) {
+    refuseForeignFile(location);
     makeFolderOf(location);
     auto db = std::make_unique<Database>(location, Database::Opening::empty);
     if (!force && holdsAccountSet(*db))
