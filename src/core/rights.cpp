@@ -1,6 +1,6 @@
 #include "core/rights.h"
 
-#include "core/parameters.h"
+#include "core/prompter.h"
 #include "core/session.h"
 #include "db/database.h"
 
@@ -62,6 +62,10 @@ bool userHasRight(const Session &session, const QString &operatorName, QStringVi
 
 QString noRightMessage(const QString &actionCaption) {
     return QStringLiteral("您没有权限进行%1\r\n\r\n或者没有可用的仓库。").arg(actionCaption);
+}
+
+void showNoRightMessage(Prompter &prompter, const QString &actionCaption) {
+    prompter.inform(noRightMessage(actionCaption), informCaption);
 }
 
 } // namespace jxc

@@ -4,6 +4,7 @@
 
 namespace jxc {
 
+class Prompter;
 class Session;
 
 /// Whether the current operator's role holds the right at this position (1-based) of a group of
@@ -22,5 +23,7 @@ class Session;
 
 /// What a user without the right is told.
 [[nodiscard]] QString noRightMessage(const QString &actionCaption);
+/// Tells it.
+void showNoRightMessage(Prompter &prompter, const QString &actionCaption);
 
 } // namespace jxc

@@ -28,7 +28,7 @@ std::optional<int> Context::takeNumber(const QString &name) {
 QString Context::home() const {
     if (!m_options.home.isEmpty())
         return m_options.home;
-    const QString beside = QCoreApplication::applicationDirPath();
+    QString beside = QCoreApplication::applicationDirPath();
     if (QDir(beside + QStringLiteral("/data")).exists())
         return beside;
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);

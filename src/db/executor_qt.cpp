@@ -46,6 +46,7 @@ Cell cellOf(const QVariant &value) {
 std::shared_ptr<const Columns> columnsOf(const QSqlQuery &query) {
     const QSqlRecord record = query.record();
     std::vector<QString> names;
+    names.reserve(static_cast<size_t>(record.count()));
     for (int i = 0; i < record.count(); ++i)
         names.push_back(record.fieldName(i));
     return std::make_shared<const Columns>(std::move(names));

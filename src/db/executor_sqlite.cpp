@@ -57,6 +57,7 @@ Cell readCell(sqlite3_stmt *statement, int column) {
 
 std::shared_ptr<const Columns> columnsOf(sqlite3_stmt *statement) {
     std::vector<QString> names;
+    names.reserve(static_cast<size_t>(sqlite3_column_count(statement)));
     for (int i = 0; i < sqlite3_column_count(statement); ++i)
         names.push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
     return std::make_shared<const Columns>(std::move(names));

@@ -3,6 +3,7 @@
 #include "base/decimal.h"
 #include "db/database.h"
 
+#include <QVariant>
 #include <cstring>
 #include <new>
 #include <sqlite3.h>

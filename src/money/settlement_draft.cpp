@@ -33,7 +33,7 @@ QString write(Session &session, const SettlementDraft &d) {
                                  : QStringLiteral("供货商必须填写！"));
     if (d.amount.isZero() && d.discount.isZero())
         throw Refusal(QStringLiteral("金额必须填写！"));
-    const QString number = newDocNumberForDate(session, QStringLiteral("jxc_ysyfk"),
+    QString number = newDocNumberForDate(session, QStringLiteral("jxc_ysyfk"),
                                                QStringLiteral("gl_djh"), d.code, d.date);
     session.db().insertRow(QStringLiteral("jxc_ysyfk_dj"),
                            {{QStringLiteral("gl_djh"), number},
