@@ -88,6 +88,7 @@ void moveAgainstSourceLines(Session &session, const Document &d, const SourceLin
     stock.writeGoods();
     batches.write(db);
     std::vector<Values> updates;
+    updates.reserve(sources.size());
     for (const auto &[key, line] : sources)
         updates.push_back({line.id, line.done});
     db.updateById(s.lineTable, {s.done}, updates);

@@ -137,7 +137,7 @@ QString writeReturn(Session &session, const Document &d, const Closing &closing,
                     const std::vector<OpenLine> &open, const Parameters &parameters) {
     Database &db = session.db();
     const DocumentKind &kind = *findDocumentKind(closing.returnCode);
-    const QString number =
+    QString number =
         newDocNumberForDate(session, kind.headerTable, kind.numberColumn, kind.code, d.date);
     Decimal total;
     for (const OpenLine &line : open) {
@@ -194,10 +194,11 @@ QString closeInTransaction(Session &session, Answers &answers, const QString &nu
 
     const Parameters parameters = Parameters::load(db);
     std::vector<Values> marks;
+    marks.reserve(open.size());
     for (const OpenLine &line : open)
         marks.push_back({line.line->integer(u"id"), line.quantity});
     db.updateById(kind->lineTable, {closing->cancelled}, marks);
-    const QString returned = writeReturn(session, d, *closing, open, parameters);
+    QString returned = writeReturn(session, d, *closing, open, parameters);
     postDocument(session, parameters, loadDocument(db, *findDocumentKind(returned), returned));
     return returned;
 }

@@ -27,10 +27,10 @@ struct Line {
 
 class Spreader {
 public:
-    Spreader(Session &session, const Side &side, const QString &number)
+    Spreader(Session &session, const Side &side, QString number)
         : m_session(session)
         , m_side(side)
-        , m_number(number)
+        , m_number(std::move(number))
         , m_parameters(Parameters::load(session.db())) {}
 
     void run(Decimal oldTotal, Decimal newTotal) {
@@ -146,6 +146,7 @@ private:
 
     void writeLines(const std::vector<Line> &lines) {
         std::vector<Values> rows;
+        rows.reserve(lines.size());
         for (const Line &l : lines)
             rows.push_back({l.id, l.total, l.taxPrice, l.price, l.amount, l.taxAmount});
         m_session.db().updateById(m_side.lineTable,

@@ -4,6 +4,7 @@
 #include "stock/journal.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace jxc {
 

@@ -42,8 +42,8 @@ public:
         for (const DraftLine &line : m_draft.lines)
             lines.push_back(complete(line));
         const Settlement settlement = settle(lines);
-        const QString number = newDocNumberForDate(m_session, m_kind.headerTable,
-                                                   m_kind.numberColumn, m_kind.code, m_draft.date);
+        QString number = newDocNumberForDate(m_session, m_kind.headerTable, m_kind.numberColumn,
+                                             m_kind.code, m_draft.date);
         for (const StoredLine &line : lines)
             m_db.insertRow(m_kind.lineTable, columnsOf(line, number));
         m_db.insertRow(m_kind.headerTable, header(settlement, number));
@@ -137,7 +137,7 @@ private:
         return s;
     }
 
-    Assignments columnsOf(const StoredLine &s, const QString &number) const {
+    [[nodiscard]] Assignments columnsOf(const StoredLine &s, const QString &number) const {
         const QString p = m_isReturn ? QStringLiteral("th")
                           : m_isSale ? QStringLiteral("ls")
                                      : QStringLiteral("jh");
@@ -203,7 +203,7 @@ private:
         row.push_back({QStringLiteral("gl_djh2"), u""});
     }
 
-    Assignments header(const Settlement &s, const QString &number) const {
+    [[nodiscard]] Assignments header(const Settlement &s, const QString &number) const {
         const QString p = m_kind.prefix;
         const auto named = [&](const char16_t *name) {
             return QString(p + QString::fromUtf16(name));

@@ -64,7 +64,7 @@ public:
         const Document source = loadDocument(m_session.db(), m_source, sourceNumber);
         if (!source.isApproved())
             throw Refusal(QStringLiteral("单据“%1”还没有审核！").arg(sourceNumber));
-        const QString number = draw(date);
+        QString number = draw(date);
         Decimal total;
         for (const Row &line : source.lines) {
             const Decimal ordered = line.decimal(m_follow.quantity);
@@ -102,7 +102,7 @@ public:
     }
 
 private:
-    QString draw(const QString &date) const {
+    [[nodiscard]] QString draw(const QString &date) const {
         if (!isDate(date))
             throw Refusal(QStringLiteral("开单日期必须填写！"));
         return newDocNumberForDate(m_session, m_kind.lineTable, QStringLiteral("gl_djh"),

@@ -126,10 +126,10 @@ void StockBook::refreshGoodsCost(const JournalRow &row, const Parameters &parame
 
 void StockBook::writeGoods() {
     std::vector<Values> updates;
-    for (auto it = m_goods.cbegin(); it != m_goods.cend(); ++it)
-        if (it->changed)
-            updates.push_back({it->id, it->total, it->averageCost, it->lastPrice, it->purchases,
-                               it->sales, it->supplier});
+    for (const Goods &goods : std::as_const(m_goods))
+        if (goods.changed)
+            updates.push_back({goods.id, goods.total, goods.averageCost, goods.lastPrice,
+                               goods.purchases, goods.sales, goods.supplier});
     m_db.updateById(QStringLiteral("jxc_goods"),
                     {QStringLiteral("g_kc"), QStringLiteral("g_pjjj"), QStringLiteral("g_scjj"),
                      QStringLiteral("g_cgpl"), QStringLiteral("g_xspl"), QStringLiteral("ghs_sn")},
