@@ -1,6 +1,7 @@
 #include "money/settlement.h"
 
 #include "base/dates.h"
+#include "core/approval.h"
 #include "core/operation_log.h"
 #include "core/rights.h"
 #include "core/session.h"
@@ -39,7 +40,7 @@ const SettlementKind *findKind(QStringView number) {
 const SettlementKind &kindOf(const QString &number) {
     const SettlementKind *kind = findKind(number);
     if (kind == nullptr)
-        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+        throw unknownDocument(number);
     return *kind;
 }
 
@@ -47,7 +48,7 @@ Row load(Database &db, const QString &number) {
     auto row =
         db.row(QStringLiteral("select * from jxc_ysyfk_dj where gl_djh=? order by id"), {number});
     if (!row)
-        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+        throw unknownDocument(number);
     return *std::move(row);
 }
 
@@ -140,7 +141,7 @@ void approve(Session &session, const SettlementKind &kind, const QString &number
     Database &db = session.db();
     const Row d = load(db, number);
     if (d.flag(u"k_check"))
-        throw Refusal(QStringLiteral("单据已被其他操作员修改或审核，请刷新后重试！"));
+        throw changedMeanwhile();
     if (!isDate(d.text(u"k_rq")))
         throw Refusal(QStringLiteral("单据日期“%1”无效，不能审核！").arg(d.text(u"k_rq")));
     const Partner partner{kind.partner, d.text(u"k_ghskh")};
@@ -164,12 +165,9 @@ void cancel(Session &session, Answers &answers, const SettlementKind &kind, cons
     Database &db = session.db();
     const Row d = load(db, number);
     if (!d.flag(u"k_check"))
-        throw Refusal(QStringLiteral("单据“%1”还没有审核！").arg(number));
-    const QString approver = d.text(u"k_checker");
-    if (session.currentOperatorNo != administratorNo && session.currentOperatorName != approver)
-        throw Refusal(QStringLiteral("单据：%1，的审核人：%2\r\n\r\n不允许其他人取消审核！")
-                          .arg(number, approver));
-    answers.require(QStringLiteral("您的操作将取消当前选中的已审核单据：%1，确认吗？").arg(number));
+        throw notApproved(number);
+    checkMayCancel(session, number, d.text(u"k_checker"), false); // no group has such a right
+    confirmCancelling(answers, number);
 
     settleDocuments(db, number, false);
     removeCashEntries(db, number, {});

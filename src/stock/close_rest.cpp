@@ -1,5 +1,6 @@
 #include "stock/close_rest.h"
 
+#include "core/approval.h"
 #include "core/numbering.h"
 #include "core/rights.h"
 #include "core/session.h"
@@ -179,12 +180,12 @@ QString closeInTransaction(Session &session, Answers &answers, const QString &nu
     const DocumentKind *kind = findDocumentKind(number);
     const Closing *closing = kind == nullptr ? nullptr : closingOf(*kind);
     if (closing == nullptr)
-        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+        throw unknownDocument(number);
     if (!hasRight(session, closing->rightGroup, closing->right))
         throw Refusal(noRightMessage(kind->title + QStringLiteral("！")));
     const Document d = loadDocument(db, *kind, number);
     if (!d.isApproved())
-        throw Refusal(QStringLiteral("单据“%1”还没有审核！").arg(number));
+        throw notApproved(number);
     checkReferences(d);
     checkPdBeforeChk(db, d);
     const std::vector<OpenLine> open = openLines(d, *closing);

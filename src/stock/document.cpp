@@ -2,6 +2,7 @@
 
 #include "base/dates.h"
 #include "core/action.h"
+#include "core/approval.h"
 #include "db/database.h"
 #include "stock/document_kind.h"
 
@@ -15,7 +16,7 @@ Row loadHeader(Database &db, const DocumentKind &kind, const QString &number) {
                           .arg(kind.headerTable, kind.numberColumn, kind.statusColumn()),
                       {number});
     if (!row)
-        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+        throw unknownDocument(number);
     return *std::move(row);
 }
 

@@ -1,6 +1,7 @@
 #include "stock/posting.h"
 
 #include "base/dates.h"
+#include "core/approval.h"
 #include "core/operation_log.h"
 #include "core/rights.h"
 #include "core/session.h"
@@ -22,7 +23,7 @@ namespace {
 const DocumentKind &kindOf(const QString &number) {
     const DocumentKind *kind = findDocumentKind(number);
     if (kind == nullptr)
-        throw Refusal(QStringLiteral("单据“%1”不存在！").arg(number));
+        throw unknownDocument(number);
     return *kind;
 }
 
@@ -38,7 +39,7 @@ void walkJournals(Database &db, const Parameters &parameters, StockBook &stock,
         starts[key] = {key, date, row.id, row.flag, stock.averageCost(row.goods)};
     }
     for (const auto &[key, start] : starts) {
-        const Decimal cost = walkJournal(db, parameters, start);
+        const Decimal cost = reCalcGoodsList(db, parameters, start);
         if (!parameters.costStaysOffStock && journalKind(start.flag).writesStockCost())
             stock.setCost(key.goods, key.warehouse, cost);
     }
@@ -103,12 +104,8 @@ void checkApprovalRight(const Session &session, const DocumentKind &kind) {
 }
 
 void checkCancelRight(const Session &session, const Document &d) {
-    const QString approver = d.header.text(d.kind.checkerColumn());
-    if (session.currentOperatorNo == administratorNo || session.currentOperatorName == approver ||
-        hasRight(session, d.kind.rightGroup, d.kind.cancelRight))
-        return;
-    throw Refusal(QStringLiteral("单据：%1，的审核人：%2\r\n\r\n不允许其他人取消审核！")
-                      .arg(d.number, approver));
+    checkMayCancel(session, d.number, d.header.text(d.kind.checkerColumn()),
+                   hasRight(session, d.kind.rightGroup, d.kind.cancelRight));
 }
 
 void checkFollowers(Database &db, const Document &d) {
@@ -152,7 +149,7 @@ void approveInTransaction(Session &session, Answers &answers, const QString &num
     const Parameters parameters = Parameters::load(db);
     const Document d = loadDocument(db, kind, number);
     if (d.isApproved())
-        throw Refusal(changedMeanwhile);
+        throw changedMeanwhile();
     checkReferences(d);
     checkPdBeforeChk(db, d);
     if (kind.check != nullptr)
@@ -167,11 +164,11 @@ void cancelInTransaction(Session &session, Answers &answers, const QString &numb
     const DocumentKind &kind = kindOf(number);
     const Document d = loadDocument(db, kind, number);
     if (!d.isApproved())
-        throw Refusal(QStringLiteral("单据“%1”还没有审核！").arg(number));
+        throw notApproved(number);
     checkCancelRight(session, d);
     checkFollowers(db, d);
     checkPdBeforeCancel(db, number);
-    answers.require(QStringLiteral("您的操作将取消当前选中的已审核单据：%1，确认吗？").arg(number));
+    confirmCancelling(answers, number);
 
     const Parameters parameters = Parameters::load(db);
     const std::vector<JournalRow> rows = readJournal(db, d);

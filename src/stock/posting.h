@@ -22,12 +22,8 @@ Outcome cancelDocument(Session &session, Prompter &prompter, const QString &numb
 void approveInTransaction(Session &session, Answers &answers, const QString &number);
 void cancelInTransaction(Session &session, Answers &answers, const QString &number);
 
-/// Writes what approval writes, after everything was checked: from here on nothing refuses any
-/// more, except figures out of range.
+/// Writes what approval writes, after everything was checked: nothing refuses any more, except
+/// a payment that its account cannot bear and figures out of range.
 void postDocument(Session &session, const Parameters &parameters, const Document &document);
-
-/// What a second approver is told.
-inline const QString changedMeanwhile =
-    QStringLiteral("单据已被其他操作员修改或审核，请刷新后重试！");
 
 } // namespace jxc

@@ -1,6 +1,7 @@
 #include "stock/source_entry.h"
 
 #include "base/dates.h"
+#include "core/approval.h"
 #include "core/numbering.h"
 #include "core/session.h"
 #include "db/database.h"
@@ -63,7 +64,7 @@ public:
     QString fill(const QString &sourceNumber, const QString &date) {
         const Document source = loadDocument(m_session.db(), m_source, sourceNumber);
         if (!source.isApproved())
-            throw Refusal(QStringLiteral("单据“%1”还没有审核！").arg(sourceNumber));
+            throw notApproved(sourceNumber);
         QString number = draw(date);
         Decimal total;
         for (const Row &line : source.lines) {

@@ -161,16 +161,8 @@ JournalState applyJournalRow(const JournalState &before, QStringView flagText, D
     return after;
 }
 
-Decimal walkJournal(Database &db, const Parameters &parameters, const WalkStart &start) {
-    return Walk(db, parameters, start).run();
-}
-
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start) {
-    const Decimal cost = walkJournal(db, parameters, start);
-    if (!parameters.costStaysOffStock && journalKind(start.flag).writesStockCost())
-        db.execute(QStringLiteral("update jxc_kcsp set kc_cbj=? where ck_sn=? and g_sn=?"),
-                   {cost, start.key.warehouse, start.key.goods});
-    return cost;
+    return Walk(db, parameters, start).run();
 }
 
 } // namespace jxc

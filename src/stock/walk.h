@@ -47,13 +47,9 @@ struct WalkStart {
     std::optional<Decimal> averageCost{};
 };
 
-/// Re-costs the journal of one goods in one warehouse from the start's day to its end and writes the
-/// rows whose figures changed. Answers the cost of the last row (of the opening state when the walk
-/// is empty).
-Decimal walkJournal(Database &db, const Parameters &parameters, const WalkStart &start);
-
-/// As walkJournal(). Afterwards, when the kind of the start sets cost and the parameters allow it, the
-/// stock row takes that cost.
+/// Re-costs the journal of one goods in one warehouse from the start's day to its end and writes
+/// the rows whose figures changed. Answers the cost of the last row (of the opening state when the
+/// walk is empty), which the stock row takes when the kind of the start and the parameters let it.
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start);
 
 } // namespace jxc
