@@ -1,0 +1,54 @@
+#include "ui/form.h"
+
+#include "core/action.h"
+#include "core/prompter.h"
+#include "core/session.h"
+
+#include <QCloseEvent>
+
+namespace jxc {
+
+Form::Form(const FormContext &context, const QString &className, const QString &title,
+           QWidget *parent)
+    : QDialog(parent)
+    , m_context(context) {
+    setObjectName(className);
+    setWindowTitle(title);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+Database &Form::db() const {
+    return m_context.session.db();
+}
+
+bool Form::show(const Outcome &outcome) {
+    if (!outcome.text.isEmpty() && outcome.kind != Outcome::Kind::declined)
+        prompter().inform(outcome.text, informCaption);
+    return outcome.isDone();
+}
+
+void Form::showModal() {
+    setWindowModality(Qt::ApplicationModal);
+    QDialog::show();
+    raise();
+    activateWindow();
+    FormActivate();
+}
+
+void Form::setCaption(const QString &caption) {
+    if (!caption.isEmpty()) setWindowTitle(caption);
+}
+
+void Form::reject() {
+    if (mayLeave()) QDialog::reject();
+}
+
+void Form::closeEvent(QCloseEvent *event) {
+    if (mayLeave())
+        QDialog::closeEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace jxc
