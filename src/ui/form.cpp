@@ -37,11 +37,13 @@ void Form::showModal() {
 }
 
 void Form::setCaption(const QString &caption) {
-    if (!caption.isEmpty()) setWindowTitle(caption);
+    if (!caption.isEmpty())
+        setWindowTitle(caption);
 }
 
 void Form::reject() {
-    if (mayLeave()) QDialog::reject();
+    if (mayLeave())
+        QDialog::reject();
 }
 
 void Form::closeEvent(QCloseEvent *event) {
