@@ -1,6 +1,7 @@
 #include "ui/document_lines.h"
 
 #include "core/session.h"
+#include "stock/expiry.h"
 #include "ui/number_field.h"
 #include "ui/theme.h"
 
@@ -423,7 +424,7 @@ void DocumentLines::typeInto(DraftLine &line, const LineProposal &info, LineFiel
     case LineField::produced:
         line.batch.produced = text.trimmed();
         if (!line.batch.produced.isEmpty() && info.shelfLifeMonths > 0)
-            line.batch.expiry = expiryOf(line.batch.produced, info.shelfLifeMonths);
+            line.batch.expiry = expiryAfter(line.batch.produced, info.shelfLifeMonths);
         break;
     case LineField::expiry: line.batch.expiry = text.trimmed(); break;
     case LineField::note: line.note = text; break;

@@ -40,7 +40,7 @@ void addGoods(std::vector<LineColumn> &columns, const Kind &kind) {
 /// Price, discount, tax and amount: what is typed depends on the parameters.
 void addMoney(std::vector<LineColumn> &columns, const Kind &kind, const Parameters &p) {
     const ColumnSpec unitPrice = column(u"dj", p.pricesIncludeTax ? u"含税单价" : u"单价", ValueKind::price);
-    columns.push_back(p.mayChangePrice ? stop(LineField::price, unitPrice) : shown(LineField::price, unitPrice));
+    columns.push_back(p.pricesEditable ? stop(LineField::price, unitPrice) : shown(LineField::price, unitPrice));
     if (kind.sale || p.purchaseDiscount)
         columns.push_back(typed(LineField::discount, column(u"dzl", u"折扣", ValueKind::factor, 64)));
     if (kind.sale)
@@ -50,7 +50,7 @@ void addMoney(std::vector<LineColumn> &columns, const Kind &kind, const Paramete
         columns.push_back(shown(LineField::tax, hidden(column(u"taxje", u"税额", ValueKind::amount, 88))));
     }
     const ColumnSpec total = summed(column(u"zje", u"金额", ValueKind::amount, 104));
-    const bool amountTyped = kind.sale ? p.saleAmountTyped : p.purchaseAmountTyped;
+    const bool amountTyped = kind.sale ? p.saleAmountEditable : p.purchaseAmountEditable;
     columns.push_back(amountTyped ? typed(LineField::total, total) : shown(LineField::total, total));
 }
 
@@ -78,7 +78,7 @@ std::vector<LineColumn> lineColumns(const QString &code, const Parameters &p, co
     if (!kind.follows)
         columns.push_back(shown(LineField::stock, column(u"kc", u"库存", ValueKind::quantity, 84)));
     if (kind.sale) {
-        if (p.showRetailPrice)
+        if (p.showsRetailPrice)
             columns.push_back(shown(LineField::retailPrice, sellingPriceOnly(column(u"lsj", u"零售价", ValueKind::price))));
         ColumnSpec cost = costOnly(hidden(column(u"cbj", u"成本", ValueKind::price)));
         columns.push_back(rights.changeSaleCost && code == u"XS" ? typed(LineField::cost, cost) : shown(LineField::cost, cost));
