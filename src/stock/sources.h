@@ -17,7 +17,7 @@ struct OpenDocument {
 
 /// A line of it.
 struct OpenLineOfSource {
-    QString number, date, partnerName;
+    QString number, date, partner, partnerName, warehouse;
     qint64 sourceLine = 0; ///< id2
     QString goods, name, specification, maker, unit, barcode;
     Decimal factor;
