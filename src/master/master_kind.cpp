@@ -70,11 +70,6 @@ std::vector<MasterKind> allKinds() {
 
 } // namespace
 
-bool isNumber(ValueKind kind) {
-    return kind == ValueKind::quantity || kind == ValueKind::price || kind == ValueKind::amount ||
-           kind == ValueKind::factor || kind == ValueKind::integer;
-}
-
 const MasterField *MasterKind::field(QStringView columnName) const {
     const auto found = std::find_if(fields.begin(), fields.end(), [&](const MasterField &field) {
         return field.column == columnName;

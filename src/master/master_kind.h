@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/value_kind.h"
+
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -14,32 +16,11 @@ class Session;
 // Master data are described, not programmed: the same description drives the list, the editor, the
 // checks at saving, the import and the deletion of a kind.
 
-/// How a value is typed, checked and shown. Records hold all of them as text.
-enum class ValueKind {
-    text,
-    date,     ///< "yyyy-MM-dd"
-    quantity, ///< with the configured quantity decimals
-    price,    ///< with the configured price decimals
-    amount,   ///< with the configured amount decimals
-    factor,   ///< two decimals: discounts, conversion factors, percent
-    integer,
-    flag,  ///< "1" or "0", shown as a tick
-    choice ///< one of fixed values
-};
-[[nodiscard]] bool isNumber(ValueKind kind);
-
 /// What a text passes before it is stored and before it is searched.
 enum class Sanitizer {
     light, ///< sanitizeSqlTextLight: codes, numbers, phones, goods names, specifications
     words, ///< sanitizeSqlText: names and notes
     none   ///< composed by the program, not typed
-};
-
-/// What only some may see, export and print.
-enum class Secrecy {
-    open,
-    cost,   ///< only with qtcz 7
-    selling ///< only with qtcz 9
 };
 
 struct Choice {
