@@ -4,8 +4,6 @@
 #include "core/prompter.h"
 #include "core/session.h"
 
-#include <QCloseEvent>
-
 namespace jxc {
 
 Form::Form(const FormContext &context, const QString &className, const QString &title,
@@ -37,18 +35,13 @@ void Form::showModal() {
 }
 
 void Form::setCaption(const QString &caption) {
-    if (!caption.isEmpty()) setWindowTitle(caption);
+    if (!caption.isEmpty())
+        setWindowTitle(caption);
 }
 
 void Form::reject() {
-    if (mayLeave()) QDialog::reject();
-}
-
-void Form::closeEvent(QCloseEvent *event) {
     if (mayLeave())
-        QDialog::closeEvent(event);
-    else
-        event->ignore();
+        QDialog::reject();
 }
 
 } // namespace jxc
