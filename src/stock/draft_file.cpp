@@ -15,7 +15,8 @@ namespace {
 // One list of members each, so that what is written is what is read. A visitor gets every member
 // with its name; figures travel as text.
 
-template<typename Visitor, typename Line> void eachOfLine(Visitor &visit, Line &line) {
+template<typename Visitor, typename Line>
+void eachOfLine(Visitor &visit, Line &line) {
     visit(u"goods", line.goods);
     visit(u"unit", line.unit);
     visit(u"factor", line.factor);
@@ -43,7 +44,8 @@ template<typename Visitor, typename Line> void eachOfLine(Visitor &visit, Line &
     visit(u"closedLine", line.closedLine);
 }
 
-template<typename Visitor, typename Header> void eachOfHeader(Visitor &visit, Header &draft) {
+template<typename Visitor, typename Header>
+void eachOfHeader(Visitor &visit, Header &draft) {
     visit(u"code", draft.code);
     visit(u"date", draft.date);
     visit(u"partner", draft.partner);
@@ -78,14 +80,17 @@ struct Writer {
     void operator()(const char16_t *name, const QString &text) { put(name, text); }
     void operator()(const char16_t *name, Decimal figure) { put(name, figure.toText()); }
     void operator()(const char16_t *name, const std::optional<Decimal> &figure) {
-        if (figure) put(name, figure->toText());
+        if (figure)
+            put(name, figure->toText());
     }
     void operator()(const char16_t *name, bool flag) { put(name, flag); }
     void operator()(const char16_t *name, int number) { put(name, number); }
     void operator()(const char16_t *name, qint64 number) { put(name, number); }
 
 private:
-    void put(const char16_t *name, const QJsonValue &value) { object.insert(QString::fromUtf16(name), value); }
+    void put(const char16_t *name, const QJsonValue &value) {
+        object.insert(QString::fromUtf16(name), value);
+    }
 };
 
 struct Reader {
@@ -96,14 +101,17 @@ struct Reader {
     }
     void operator()(const char16_t *name, std::optional<Decimal> &figure) const {
         figure.reset();
-        if (get(name).isString()) figure = Decimal::fromText(get(name).toString());
+        if (get(name).isString())
+            figure = Decimal::fromText(get(name).toString());
     }
     void operator()(const char16_t *name, bool &flag) const { flag = get(name).toBool(); }
     void operator()(const char16_t *name, int &number) const { number = get(name).toInt(); }
     void operator()(const char16_t *name, qint64 &number) const { number = get(name).toInteger(); }
 
 private:
-    [[nodiscard]] QJsonValue get(const char16_t *name) const { return object.value(QString::fromUtf16(name)); }
+    [[nodiscard]] QJsonValue get(const char16_t *name) const {
+        return object.value(QString::fromUtf16(name));
+    }
 };
 
 } // namespace
@@ -123,7 +131,8 @@ QByteArray draftToJson(const Draft &draft) {
 
 std::optional<Draft> draftFromJson(const QByteArray &json) {
     const QJsonDocument document = QJsonDocument::fromJson(json);
-    if (!document.isObject()) return {};
+    if (!document.isObject())
+        return {};
     const QJsonObject object = document.object();
     try {
         Draft draft;
@@ -143,18 +152,21 @@ std::optional<Draft> draftFromJson(const QByteArray &json) {
 }
 
 DraftFile::DraftFile(const QString &folder, const Session &session, const QString &code)
-    : m_file(QDir(folder).filePath(QStringLiteral("%1-%2-%3.json").arg(
-          accountSetName(session), session.currentOperatorNo, code))) {}
+    : m_file(QDir(folder).filePath(
+          QStringLiteral("%1-%2-%3.json")
+              .arg(accountSetName(session), session.currentOperatorNo, code))) {}
 
 bool DraftFile::keep(const Draft &draft) const {
-    if (!QDir().mkpath(QFileInfo(m_file).path())) return false;
+    if (!QDir().mkpath(QFileInfo(m_file).path()))
+        return false;
     QSaveFile file(m_file);
     return file.open(QIODevice::WriteOnly) && file.write(draftToJson(draft)) >= 0 && file.commit();
 }
 
 std::optional<Draft> DraftFile::read() const {
     QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly)) return {};
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
     return draftFromJson(file.readAll());
 }
 

@@ -24,7 +24,11 @@ public:
         setMinimumWidth(440);
         m_form->setContentsMargins(16, 16, 16, 16);
         m_form->setSpacing(8);
-        auto *note = new QLabel(QStringLiteral("“%1”属限制使用商品，按实名登记。\n手机或身份证号已登记过的，填好后按 F6 调出。").arg(goodsName), this);
+        auto *note = new QLabel(
+            QStringLiteral(
+                "“%1”属限制使用商品，按实名登记。\n手机或身份证号已登记过的，填好后按 F6 调出。")
+                .arg(goodsName),
+            this);
         note->setProperty("quiet", true);
         m_form->addRow(note);
         m_name = add(QStringLiteral("姓名"), 20);
@@ -34,8 +38,10 @@ public:
         m_use = add(QStringLiteral("用途"), 100);
         m_prescription = add(QStringLiteral("处方号"), 50);
         auto *buttons = new QDialogButtonBox(this);
-        buttons->addButton(QStringLiteral("确定 F5"), QDialogButtonBox::AcceptRole)->setAutoDefault(false);
-        buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole)->setAutoDefault(false);
+        buttons->addButton(QStringLiteral("确定 F5"), QDialogButtonBox::AcceptRole)
+            ->setAutoDefault(false);
+        buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole)
+            ->setAutoDefault(false);
         m_form->addRow(buttons);
         connect(buttons, &QDialogButtonBox::accepted, this, [this] { ok(); });
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -53,8 +59,9 @@ public:
     }
 
     [[nodiscard]] BuyerRecord buyer() const {
-        return {m_name->text().trimmed(), m_identity->text().trimmed().toUpper(), m_mobile->text().trimmed(),
-                m_address->text().trimmed(), m_use->text().trimmed(), m_prescription->text().trimmed()};
+        return {m_name->text().trimmed(),   m_identity->text().trimmed().toUpper(),
+                m_mobile->text().trimmed(), m_address->text().trimmed(),
+                m_use->text().trimmed(),    m_prescription->text().trimmed()};
     }
 
 private:
@@ -64,16 +71,21 @@ private:
         field->setObjectName(caption);
         m_form->addRow(caption, field);
         connect(field, &QLineEdit::returnPressed, this, [this, field] {
-            if (field == m_prescription) ok();
-            else focusNextChild();
+            if (field == m_prescription)
+                ok();
+            else
+                focusNextChild();
         });
         return field;
     }
 
     void lookUp() {
-        const QString key = m_mobile->text().trimmed().isEmpty() ? m_identity->text().trimmed() : m_mobile->text().trimmed();
-        if (const auto found = findBuyer(m_context.session, key)) fill(*found);
-        else m_context.prompter.inform(QStringLiteral("没有找到该购买人的登记！"), informCaption);
+        const QString key = m_mobile->text().trimmed().isEmpty() ? m_identity->text().trimmed()
+                                                                 : m_mobile->text().trimmed();
+        if (const auto found = findBuyer(m_context.session, key))
+            fill(*found);
+        else
+            m_context.prompter.inform(QStringLiteral("没有找到该购买人的登记！"), informCaption);
     }
 
     void ok() {
@@ -108,15 +120,18 @@ BuyerRecord buyerOf(const DraftLine &line) {
 
 } // namespace
 
-void registerBuyer(const FormContext &context, DocumentLines &lines, int row, const QString &customer, QWidget *parent) {
+void registerBuyer(const FormContext &context, DocumentLines &lines, int row,
+                   const QString &customer, QWidget *parent) {
     BuyerRecord proposed = buyerOf(lines.at(row).typed);
     // Who is registered on this document already, else whoever bought for this customer last.
     for (int other = 0; other < lines.rowCount() && proposed.name.isEmpty(); ++other)
         proposed = buyerOf(lines.at(other).typed);
-    if (proposed.name.isEmpty()) proposed = lastBuyerOf(context.session, customer).value_or(BuyerRecord{});
+    if (proposed.name.isEmpty())
+        proposed = lastBuyerOf(context.session, customer).value_or(BuyerRecord{});
     BuyerDialog dialog(context, lines.at(row).info.name, parent);
     dialog.fill(proposed);
-    if (dialog.exec() != QDialog::Accepted) return;
+    if (dialog.exec() != QDialog::Accepted)
+        return;
     for (int other = 0; other < lines.rowCount(); ++other) {
         const EditLine &line = lines.at(other);
         if (other == row || (line.info.restricted && line.typed.buyer.isEmpty()))

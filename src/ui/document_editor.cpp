@@ -33,15 +33,21 @@ QFrame *card(QWidget *parent, QWidget *content) {
 
 } // namespace
 
-DocumentEditor::DocumentEditor(const FormContext &context, const DocumentFormSpec &spec, QWidget *parent)
+DocumentEditor::DocumentEditor(const FormContext &context, const DocumentFormSpec &spec,
+                               QWidget *parent)
     : Form(context, spec.formClass + QStringLiteral("_Add"), spec.title(), parent)
     , m_spec(spec)
     , m_actions(new ActionBar(this))
     , m_header(new HeaderPanel(context, spec, this))
     , m_table(new LineTable(context, spec.formClass + QStringLiteral("_Lines"),
-                            new DocumentLines(context.session, lineColumns(spec.code(), context.session.parameters, context.session.rights), this), this))
+                            new DocumentLines(context.session,
+                                              lineColumns(spec.code(), context.session.parameters,
+                                                          context.session.rights),
+                                              this),
+                            this))
     , m_scanner(new ScanCatcher(this))
-    , m_file(QDir(context.home).filePath(QStringLiteral("data/typing")), context.session, spec.code())
+    , m_file(QDir(context.home).filePath(QStringLiteral("data/typing")), context.session,
+             spec.code())
     , m_keeping(new QTimer(this)) {
     build();
     addActions();
@@ -65,7 +71,8 @@ void DocumentEditor::build() {
     middle->addWidget(m_table->sumsRow());
     layout->addLayout(middle, 1);
     lines().setFollowsSource(m_spec.followsSource);
-    m_table->setGoodsSource(goodsSource(context(), m_spec.isSale(), [this] { return m_header->warehouse(); }));
+    m_table->setGoodsSource(
+        goodsSource(context(), m_spec.isSale(), [this] { return m_header->warehouse(); }));
     if (m_spec.hasMoney) {
         m_settlement = new SettlementPanel(context(), m_spec, this);
         layout->addWidget(card(this, m_settlement));
@@ -81,9 +88,12 @@ void DocumentEditor::build() {
     connect(m_header, &HeaderPanel::edited, this, &DocumentEditor::markChanged);
     connect(m_header, &HeaderPanel::settingChanged, this, &DocumentEditor::applySetting);
     connect(m_header, &HeaderPanel::finished, this, [this] {
-        if (lines().blankRow() >= 0) m_table->startNextLine();
-        else if (lines().rowCount() > 0) m_table->edit(0, LineField::quantity);
-        else btnSourceClick();
+        if (lines().blankRow() >= 0)
+            m_table->startNextLine();
+        else if (lines().rowCount() > 0)
+            m_table->edit(0, LineField::quantity);
+        else
+            btnSourceClick();
     });
     connect(&lines(), &DocumentLines::edited, this, [this] {
         markChanged();
@@ -100,7 +110,8 @@ void DocumentEditor::build() {
 }
 
 void DocumentEditor::addActions() {
-    const auto add = [this](const char *name, const QString &caption, const QKeySequence &key, void (DocumentEditor::*run)()) {
+    const auto add = [this](const char *name, const QString &caption, const QKeySequence &key,
+                            void (DocumentEditor::*run)()) {
         return m_actions->add(QString::fromLatin1(name), caption, key, [this, run] {
             m_table->commitEditor();
             (this->*run)();
@@ -108,27 +119,35 @@ void DocumentEditor::addActions() {
     };
     add("btnSave", QStringLiteral("保存"), Qt::Key_F5, &DocumentEditor::btnSaveClick);
     add("btnSaveNew", QStringLiteral("保存并新单"), Qt::Key_F6, &DocumentEditor::btnSaveNewClick);
-    add("btnSaveCheck", QStringLiteral("保存并审核"), Qt::Key_F8, &DocumentEditor::btnSaveCheckClick);
+    add("btnSaveCheck", QStringLiteral("保存并审核"), Qt::Key_F8,
+        &DocumentEditor::btnSaveCheckClick);
     m_actions->addSeparator();
-    if (!m_spec.followsSource) add("btnGoods", QStringLiteral("选商品"), Qt::Key_F3, &DocumentEditor::btnGoodsClick);
+    if (!m_spec.followsSource)
+        add("btnGoods", QStringLiteral("选商品"), Qt::Key_F3, &DocumentEditor::btnGoodsClick);
     add("btnBatch", QStringLiteral("批号"), Qt::Key_F4, &DocumentEditor::btnBatchClick);
     if (m_spec.hasMoney && !m_spec.isReturn)
-        add("btnDiscount", QStringLiteral("整单优惠"), Qt::Key_F7, &DocumentEditor::btnDiscountClick);
-    QAction *source = add("btnSource", m_spec.sourceWord, Qt::Key_F9, &DocumentEditor::btnSourceClick);
+        add("btnDiscount", QStringLiteral("整单优惠"), Qt::Key_F7,
+            &DocumentEditor::btnDiscountClick);
+    QAction *source =
+        add("btnSource", m_spec.sourceWord, Qt::Key_F9, &DocumentEditor::btnSourceClick);
     if (m_spec.hasMoney && !m_spec.isReturn) {
         source->setEnabled(false); // orders are still to come
         source->setToolTip(QStringLiteral("尚未提供"));
     }
     if (m_spec.hasMoney) {
-        add("btnPriceHistory", QStringLiteral("历史价"), Qt::Key_F10, &DocumentEditor::btnPriceHistoryClick);
-        add("btnNextUnit", QStringLiteral("换单位"), Qt::Key_F11, &DocumentEditor::btnNextUnitClick);
+        add("btnPriceHistory", QStringLiteral("历史价"), Qt::Key_F10,
+            &DocumentEditor::btnPriceHistoryClick);
+        add("btnNextUnit", QStringLiteral("换单位"), Qt::Key_F11,
+            &DocumentEditor::btnNextUnitClick);
     }
     m_actions->addSeparator();
-    add("btnOpenDraft", QStringLiteral("待审核"), QKeySequence(QStringLiteral("Ctrl+O")), &DocumentEditor::btnOpenDraftClick);
+    add("btnOpenDraft", QStringLiteral("待审核"), QKeySequence(QStringLiteral("Ctrl+O")),
+        &DocumentEditor::btnOpenDraftClick);
     add("btnPrint", QStringLiteral("打印"), Qt::Key_F12, &DocumentEditor::btnPrintClick);
 
     // Only in the right click and by key.
-    const auto quiet = [this](const QString &caption, const QKeySequence &key, void (DocumentEditor::*run)()) {
+    const auto quiet = [this](const QString &caption, const QKeySequence &key,
+                              void (DocumentEditor::*run)()) {
         auto *action = new QAction(caption, m_table);
         action->setShortcut(key);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -138,13 +157,17 @@ void DocumentEditor::addActions() {
         });
         m_table->addAction(action);
     };
-    quiet(QStringLiteral("删除行"), QKeySequence(QStringLiteral("Ctrl+Del")), &DocumentEditor::btnDeleteLineClick);
+    quiet(QStringLiteral("删除行"), QKeySequence(QStringLiteral("Ctrl+Del")),
+          &DocumentEditor::btnDeleteLineClick);
     if (m_spec.code() == u"XS") {
-        quiet(QStringLiteral("设为赠品"), QKeySequence(QStringLiteral("Ctrl+G")), &DocumentEditor::btnGiftClick);
-        quiet(QStringLiteral("购买人登记"), QKeySequence(QStringLiteral("Ctrl+B")), &DocumentEditor::btnBuyerClick);
+        quiet(QStringLiteral("设为赠品"), QKeySequence(QStringLiteral("Ctrl+G")),
+              &DocumentEditor::btnGiftClick);
+        quiet(QStringLiteral("购买人登记"), QKeySequence(QStringLiteral("Ctrl+B")),
+              &DocumentEditor::btnBuyerClick);
     }
     if (session().rights.showCostPrice)
-        quiet(QStringLiteral("为什么是这个成本？"), QKeySequence(QStringLiteral("Ctrl+Y")), &DocumentEditor::btnCostClick);
+        quiet(QStringLiteral("为什么是这个成本？"), QKeySequence(QStringLiteral("Ctrl+Y")),
+              &DocumentEditor::btnCostClick);
     m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
@@ -157,7 +180,8 @@ void DocumentEditor::startNew() {
 /// A power cut, a crash: what was typed is offered again.
 void DocumentEditor::restartIfKept() {
     const std::optional<Draft> kept = m_file.read();
-    if (!kept) return;
+    if (!kept)
+        return;
     if (prompter().confirm(QStringLiteral("上次有未保存的单据，是否继续录入？"), confirmCaption)) {
         open(*kept);
         m_changed = true;
@@ -183,15 +207,18 @@ void DocumentEditor::open(const Draft &draft) {
     m_header->setReadOnly(approved);
     setWindowTitle(approved ? m_spec.title() + QStringLiteral("（已审核）") : m_spec.title());
     for (QAction *action : actions())
-        if (action->objectName() != u"btnPrint" && action->objectName() != u"btnPriceHistory" && approved)
+        if (action->objectName() != u"btnPrint" && action->objectName() != u"btnPriceHistory" &&
+            approved)
             action->setEnabled(false);
     m_filling = false;
     m_changed = false;
 }
 
 void DocumentEditor::openNumber(const QString &number) {
-    if (const std::optional<Draft> draft = loadDraft(session(), number)) open(*draft);
-    else prompter().inform(QStringLiteral("单据“%1”不存在！").arg(number), informCaption);
+    if (const std::optional<Draft> draft = loadDraft(session(), number))
+        open(*draft);
+    else
+        prompter().inform(QStringLiteral("单据“%1”不存在！").arg(number), informCaption);
 }
 
 Draft DocumentEditor::draft() const {
@@ -199,37 +226,46 @@ Draft DocumentEditor::draft() const {
     m_header->collect(draft);
     draft.lines = lines().lines();
     draft.newTotal = m_newTotal;
-    if (m_settlement != nullptr) m_settlement->collect(draft);
+    if (m_settlement != nullptr)
+        m_settlement->collect(draft);
     return draft;
 }
 
 void DocumentEditor::FormActivate() {
-    if (m_base.approved) m_table->setFocus();
+    if (m_base.approved)
+        m_table->setFocus();
 }
 
 void DocumentEditor::markChanged() {
-    if (m_filling || m_base.approved) return;
+    if (m_filling || m_base.approved)
+        return;
     m_changed = true;
     m_keeping->start();
 }
 
 void DocumentEditor::showTotals() {
-    if (m_settlement == nullptr) return;
+    if (m_settlement == nullptr)
+        return;
     const Decimal ofLines = lines().total();
     m_settlement->setDue(m_base.approved ? m_base.due : m_newTotal.value_or(ofLines), ofLines);
 }
 
 void DocumentEditor::applySetting() {
-    if (m_filling) return;
-    lines().setSetting({m_spec.code(), m_header->partner(), m_header->warehouse(), m_header->date()});
+    if (m_filling)
+        return;
+    lines().setSetting(
+        {m_spec.code(), m_header->partner(), m_header->warehouse(), m_header->date()});
     markChanged();
 }
 
 bool DocumentEditor::refuseRepeated(int row, const QString &goods, const QString &name) {
-    if (session().parameters.goodsMayRepeat) return false;
+    if (session().parameters.goodsMayRepeat)
+        return false;
     const int other = lines().find(goods, {}, nullptr);
-    if (other < 0 || other == row) return false;
-    prompter().inform(QStringLiteral("商品“%1”已在单据中，不能重复添加！").arg(name), informCaption);
+    if (other < 0 || other == row)
+        return false;
+    prompter().inform(QStringLiteral("商品“%1”已在单据中，不能重复添加！").arg(name),
+                      informCaption);
     return true;
 }
 
@@ -240,30 +276,37 @@ void DocumentEditor::goodsPicked(int row, const Row &goods, const QString &typed
         scanned(typed);
         return;
     }
-    if (refuseRepeated(row, code, goods.text(u"g_name"))) return;
-    if (lines().putGoods(row, code, isScan ? typed : QString())) goodsPut(row);
+    if (refuseRepeated(row, code, goods.text(u"g_name")))
+        return;
+    if (lines().putGoods(row, code, isScan ? typed : QString()))
+        goodsPut(row);
 }
 
 /// What a goods asks for before its quantity: a batch, a buyer.
 void DocumentEditor::goodsPut(int row) {
     const EditLine &line = lines().at(row);
-    if (line.info.restricted && m_spec.code() == u"XS") registerBuyer(context(), lines(), row, m_header->partner(), this);
-    if (line.batches.size() >= 2) chooseBatch(context(), lines(), row, this);
+    if (line.info.restricted && m_spec.code() == u"XS")
+        registerBuyer(context(), lines(), row, m_header->partner(), this);
+    if (line.batches.size() >= 2)
+        chooseBatch(context(), lines(), row, this);
 }
 
 void DocumentEditor::scanned(const QString &barcode) {
     m_table->commitEditor();
     if (m_spec.followsSource) {
         if (!addScanOfSource(context(), m_spec, lines(), m_header->warehouse(), barcode))
-            prompter().inform(QStringLiteral("没有找到与该条码匹配的商品，\r\n\r\n或%1已完成。请检查！")
-                                  .arg(m_spec.code() == u"RK" ? QStringLiteral("入库") : QStringLiteral("发货")),
-                              informCaption);
+            prompter().inform(
+                QStringLiteral("没有找到与该条码匹配的商品，\r\n\r\n或%1已完成。请检查！")
+                    .arg(m_spec.code() == u"RK" ? QStringLiteral("入库") : QStringLiteral("发货")),
+                informCaption);
         return;
     }
     const QString goods = goodsOfBarcode(context(), barcode);
     int row = lines().blankRow();
-    if (goods.isEmpty() || row < 0) return;
-    if (!lines().putGoods(row, goods, barcode)) return;
+    if (goods.isEmpty() || row < 0)
+        return;
+    if (!lines().putGoods(row, goods, barcode))
+        return;
     const DraftLine added = lines().at(row).typed;
     const int same = lines().find(added.goods, added.unit, &added.batch);
     if (same >= 0 && same != row) {
@@ -279,7 +322,8 @@ void DocumentEditor::scanned(const QString &barcode) {
         line.total.reset();
     });
     if (same < 0 || same == row) {
-        if (lines().at(row).info.restricted && m_spec.code() == u"XS" && lines().at(row).typed.buyer.isEmpty())
+        if (lines().at(row).info.restricted && m_spec.code() == u"XS" &&
+            lines().at(row).typed.buyer.isEmpty())
             registerBuyer(context(), lines(), row, m_header->partner(), this);
     }
     offerSplit(row);
@@ -287,18 +331,23 @@ void DocumentEditor::scanned(const QString &barcode) {
 }
 
 void DocumentEditor::cellDone(int row, LineField field) {
-    if (field == LineField::quantity) offerSplit(row);
+    if (field == LineField::quantity)
+        offerSplit(row);
 }
 
 /// More than the chosen batch holds: the rest may come from the next to expire.
 void DocumentEditor::offerSplit(int row) {
     const EditLine &line = lines().at(row);
-    if (line.batches.size() < 2) return;
+    if (line.batches.size() < 2)
+        return;
     Decimal held;
     for (const BatchChoice &batch : line.batches)
-        if (batch.batch == line.typed.batch) held = batch.quantity;
-    if ((line.typed.quantity * line.typed.factor).rounded(6) <= held) return;
-    if (prompter().confirm(QStringLiteral("该批号库存不足，是否按有效期先后自动拆分到多个批号？"), confirmCaption))
+        if (batch.batch == line.typed.batch)
+            held = batch.quantity;
+    if ((line.typed.quantity * line.typed.factor).rounded(6) <= held)
+        return;
+    if (prompter().confirm(QStringLiteral("该批号库存不足，是否按有效期先后自动拆分到多个批号？"),
+                           confirmCaption))
         lines().splitOverBatches(row);
 }
 
@@ -309,8 +358,10 @@ bool DocumentEditor::store(bool approve) {
     if (approve) {
         const SavedAndApproved both = saveAndApproveDraft(session(), prompter(), typed);
         saved = both.saved;
-        if (saved.isDone() && !both.approved.isDone()) Form::show(both.approved);
-        if (both.approved.isDone()) afterApproval();
+        if (saved.isDone() && !both.approved.isDone())
+            Form::show(both.approved);
+        if (both.approved.isDone())
+            afterApproval();
     } else {
         saved = saveDraft(session(), prompter(), typed);
     }
@@ -327,7 +378,8 @@ bool DocumentEditor::store(bool approve) {
 }
 
 void DocumentEditor::afterApproval() {
-    if (session().parameters.printsAfterApproval) printDocumentNow(context(), m_base.number, this);
+    if (session().parameters.printsAfterApproval)
+        printDocumentNow(context(), m_base.number, this);
 }
 
 /// Goes to the line or field that is at fault.
@@ -337,15 +389,18 @@ void DocumentEditor::showRefusal(const Outcome &outcome) {
     if (const auto match = lineNumber.match(outcome.text); match.hasMatch()) {
         const int row = match.captured(1).toInt() - 1;
         if (row < lines().rowCount())
-            m_table->edit(row, outcome.text.contains(QStringLiteral("单价")) ? LineField::price : LineField::quantity);
+            m_table->edit(row, outcome.text.contains(QStringLiteral("单价")) ? LineField::price
+                                                                             : LineField::quantity);
         return;
     }
     for (const HeaderField field : m_spec.header)
-        if (QWidget *widget = m_header->widget(field); outcome.text.startsWith(widget->objectName())) {
+        if (QWidget *widget = m_header->widget(field);
+            outcome.text.startsWith(widget->objectName())) {
             m_header->focusField(field);
             return;
         }
-    if (m_settlement != nullptr && outcome.text.startsWith(m_spec.paidWord)) m_settlement->focusPaid();
+    if (m_settlement != nullptr && outcome.text.startsWith(m_spec.paidWord))
+        m_settlement->focusPaid();
 }
 
 void DocumentEditor::offerApproval() {
@@ -360,27 +415,35 @@ void DocumentEditor::offerApproval() {
 
 void DocumentEditor::btnSaveClick() {
     const bool approve = session().parameters.savingApproves;
-    if (!store(approve)) return;
-    if (!approve) offerApproval();
+    if (!store(approve))
+        return;
+    if (!approve)
+        offerApproval();
     accept();
 }
 
 void DocumentEditor::btnSaveNewClick() {
     const bool approve = session().parameters.savingApproves;
-    if (!store(approve)) return;
-    if (!approve) offerApproval();
+    if (!store(approve))
+        return;
+    if (!approve)
+        offerApproval();
     open(newDraft(session(), m_spec.code()));
     m_header->start();
 }
 
 void DocumentEditor::btnSaveCheckClick() {
-    if (store(true)) accept();
+    if (store(true))
+        accept();
 }
 
 void DocumentEditor::btnDiscountClick() {
     const std::optional<Decimal> wanted = askNewTotal(context(), lines().total(), m_newTotal, this);
-    if (!wanted) return;
-    m_newTotal = *wanted == lines().total() ? std::optional<Decimal>() : wanted;
+    if (!wanted)
+        return;
+    m_newTotal.reset();
+    if (*wanted != lines().total())
+        m_newTotal = *wanted;
     markChanged();
     showTotals();
 }
@@ -392,14 +455,17 @@ void DocumentEditor::btnSourceClick() {
 
 void DocumentEditor::btnBatchClick() {
     const int row = m_table->currentRow();
-    if (row >= 0 && !lines().isBlank(row)) chooseBatch(context(), lines(), row, this);
+    if (row >= 0 && !lines().isBlank(row))
+        chooseBatch(context(), lines(), row, this);
     m_table->setFocus();
 }
 
 void DocumentEditor::btnPriceHistoryClick() {
     const int row = m_table->currentRow();
-    if (row < 0 || lines().isBlank(row)) return;
-    const std::optional<Decimal> price = choosePastPrice(context(), m_spec, lines().at(row), m_header->partner(), this);
+    if (row < 0 || lines().isBlank(row))
+        return;
+    const std::optional<Decimal> price =
+        choosePastPrice(context(), m_spec, lines().at(row), m_header->partner(), this);
     if (price && session().parameters.pricesEditable && !m_base.approved)
         lines().change(row, [&](DraftLine &line) {
             line.price = *price;
@@ -410,14 +476,17 @@ void DocumentEditor::btnPriceHistoryClick() {
 
 void DocumentEditor::btnNextUnitClick() {
     const int row = m_table->currentRow();
-    if (row >= 0 && !lines().isBlank(row)) lines().nextUnit(row);
+    if (row >= 0 && !lines().isBlank(row))
+        lines().nextUnit(row);
 }
 
 void DocumentEditor::btnGoodsClick() {
     for (const GoodsChoice &choice : chooseGoods(context(), m_spec, m_header->warehouse(), this)) {
         const int row = lines().blankRow();
-        if (row < 0 || refuseRepeated(row, choice.goods, choice.name)) continue;
-        if (!lines().putGoods(row, choice.goods, {})) continue;
+        if (row < 0 || refuseRepeated(row, choice.goods, choice.name))
+            continue;
+        if (!lines().putGoods(row, choice.goods, {}))
+            continue;
         lines().change(row, [&](DraftLine &line) { line.quantity = choice.quantity; });
         if (lines().at(row).info.restricted && m_spec.code() == u"XS")
             registerBuyer(context(), lines(), row, m_header->partner(), this);
@@ -426,9 +495,11 @@ void DocumentEditor::btnGoodsClick() {
 }
 
 void DocumentEditor::btnOpenDraftClick() {
-    if (m_changed && !mayLeave()) return;
+    if (m_changed && !mayLeave())
+        return;
     const QString number = chooseDraft(context(), m_spec, this);
-    if (!number.isEmpty()) openNumber(number);
+    if (!number.isEmpty())
+        openNumber(number);
 }
 
 void DocumentEditor::btnPrintClick() {
@@ -441,31 +512,38 @@ void DocumentEditor::btnPrintClick() {
 
 void DocumentEditor::btnDeleteLineClick() {
     const int row = m_table->currentRow();
-    if (row < 0 || lines().isBlank(row) || m_base.approved) return;
+    if (row < 0 || lines().isBlank(row) || m_base.approved)
+        return;
     lines().remove(row);
-    m_table->setCurrentIndex(lines().index(qMin(row, lines().rowCount() - 1), qMax(0, lines().columnOf(LineField::goods))));
+    m_table->setCurrentIndex(lines().index(qMin(row, lines().rowCount() - 1),
+                                           qMax(0, lines().columnOf(LineField::goods))));
 }
 
 void DocumentEditor::btnGiftClick() {
     const int row = m_table->currentRow();
-    if (row >= 0 && !lines().isBlank(row)) lines().setGift(row, lines().at(row).typed.gift.isEmpty());
+    if (row >= 0 && !lines().isBlank(row))
+        lines().setGift(row, lines().at(row).typed.gift.isEmpty());
 }
 
 void DocumentEditor::btnBuyerClick() {
     const int row = m_table->currentRow();
-    if (row >= 0 && !lines().isBlank(row)) registerBuyer(context(), lines(), row, m_header->partner(), this);
+    if (row >= 0 && !lines().isBlank(row))
+        registerBuyer(context(), lines(), row, m_header->partner(), this);
 }
 
 void DocumentEditor::btnCostClick() {
     const int row = m_table->currentRow();
     if (row >= 0 && !lines().isBlank(row))
-        showCostStory(context(), lines().at(row).typed.goods, m_header->warehouse(), m_header->date(), this);
+        showCostStory(context(), lines().at(row).typed.goods, m_header->warehouse(),
+                      m_header->date(), this);
 }
 
 bool DocumentEditor::mayLeave() {
     m_table->commitEditor();
-    if (!m_changed) return true;
-    if (!prompter().confirm(QStringLiteral("单据尚未保存，确认放弃吗？"), confirmCaption)) return false;
+    if (!m_changed)
+        return true;
+    if (!prompter().confirm(QStringLiteral("单据尚未保存，确认放弃吗？"), confirmCaption))
+        return false;
     m_changed = false;
     m_keeping->stop();
     m_file.forget();

@@ -20,7 +20,8 @@ class SettlementPanel;
 class DocumentEditor : public Form {
     Q_OBJECT
 public:
-    DocumentEditor(const FormContext &context, const DocumentFormSpec &spec, QWidget *parent = nullptr);
+    DocumentEditor(const FormContext &context, const DocumentFormSpec &spec,
+                   QWidget *parent = nullptr);
     ~DocumentEditor() override;
 
     /// Begins a new document, or goes on with one that was kept when the program went down.

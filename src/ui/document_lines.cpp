@@ -48,9 +48,11 @@ LineRequest DocumentLines::request(const DraftLine &line) const {
 void DocumentLines::setSetting(const LineSetting &setting) {
     const bool moved = setting.warehouse != m_setting.warehouse;
     m_setting = setting;
-    if (!moved) return;
+    if (!moved)
+        return;
     for (EditLine &line : m_lines) {
-        if (line.isBlank()) continue;
+        if (line.isBlank())
+            continue;
         line.typed.cost.reset();
         line = complete(line.typed);
     }
@@ -63,21 +65,24 @@ void DocumentLines::setLines(const std::vector<DraftLine> &lines) {
     m_lines.clear();
     for (const DraftLine &line : lines)
         m_lines.push_back(complete(line));
-    if (!m_followsSource && !m_readOnly) m_lines.emplace_back();
+    if (!m_followsSource && !m_readOnly)
+        m_lines.emplace_back();
     endResetModel();
 }
 
 std::vector<DraftLine> DocumentLines::lines() const {
     std::vector<DraftLine> lines;
     for (const EditLine &line : m_lines)
-        if (!line.isBlank()) lines.push_back(line.typed);
+        if (!line.isBlank())
+            lines.push_back(line.typed);
     return lines;
 }
 
 /// What the eye wants beside a line that is known already.
 EditLine DocumentLines::complete(const DraftLine &typed) {
     EditLine line{typed, {}, {}, {}};
-    if (const auto info = proposeLine(m_session, request(typed))) line.info = *info;
+    if (const auto info = proposeLine(m_session, request(typed)))
+        line.info = *info;
     readBatches(line);
     compute(line);
     return line;
@@ -92,11 +97,13 @@ void DocumentLines::compute(EditLine &line) const {
     const Parameters &p = m_session.parameters;
     const Decimal rate = line.typed.taxRate.value_or(p.taxRate);
     line.amounts = lineAmounts(p, line.typed.quantity, line.typed.price, rate, line.typed.discount);
-    if (line.typed.total) line.amounts.total = *line.typed.total;
+    if (line.typed.total)
+        line.amounts.total = *line.typed.total;
 }
 
 void DocumentLines::keepBlankLine() {
-    if (m_followsSource || m_readOnly || (!m_lines.empty() && m_lines.back().isBlank())) return;
+    if (m_followsSource || m_readOnly || (!m_lines.empty() && m_lines.back().isBlank()))
+        return;
     beginInsertRows({}, rowCount(), rowCount());
     m_lines.emplace_back();
     endInsertRows();
@@ -127,13 +134,15 @@ bool DocumentLines::putGoods(int row, const QString &goods, const QString &barco
     line.goods = goods;
     line.barcode = barcode;
     const auto info = proposeLine(m_session, request(line));
-    if (!info) return false;
+    if (!info)
+        return false;
     line.unit = info->unit;
     line.factor = info->factor;
     line.price = info->price;
     EditLine edit{line, *info, {}, {}};
     readBatches(edit);
-    if (!edit.batches.empty()) edit.typed.batch = edit.batches.front().batch;
+    if (!edit.batches.empty())
+        edit.typed.batch = edit.batches.front().batch;
     m_lines[static_cast<size_t>(row)] = std::move(edit);
     touched(row);
     keepBlankLine();
@@ -152,7 +161,8 @@ void DocumentLines::insertAfter(int row, const DraftLine &line) {
 }
 
 void DocumentLines::remove(int row) {
-    if (row < 0 || row >= rowCount() || isBlank(row)) return;
+    if (row < 0 || row >= rowCount() || isBlank(row))
+        return;
     beginRemoveRows({}, row, row);
     m_lines.erase(m_lines.begin() + row);
     endRemoveRows();
@@ -168,7 +178,8 @@ void DocumentLines::setUnit(int row, const QString &unit) {
     EditLine &line = m_lines[static_cast<size_t>(row)];
     const auto found = std::find_if(line.info.units.begin(), line.info.units.end(),
                                     [&](const UnitChoice &choice) { return choice.name == unit; });
-    if (found == line.info.units.end() || unit == line.typed.unit) return;
+    if (found == line.info.units.end() || unit == line.typed.unit)
+        return;
     line.typed.unit = unit;
     line.typed.factor = found->factor;
     line.typed.barcode.clear();
@@ -184,7 +195,8 @@ void DocumentLines::setUnit(int row, const QString &unit) {
 void DocumentLines::nextUnit(int row) {
     const EditLine &line = at(row);
     const auto &units = line.info.units;
-    if (units.size() < 2) return;
+    if (units.size() < 2)
+        return;
     size_t place = 0;
     while (place < units.size() && units[place].name != line.typed.unit)
         ++place;
@@ -215,7 +227,8 @@ std::vector<BatchChoice> DocumentLines::takenBesides(int row) const {
 
 void DocumentLines::splitOverBatches(int row) {
     const DraftLine line = at(row).typed;
-    const auto parts = jxc::splitOverBatches(at(row).batches, line.quantity, line.factor, takenBesides(row));
+    const auto parts =
+        jxc::splitOverBatches(at(row).batches, line.quantity, line.factor, takenBesides(row));
     for (size_t i = parts.size(); i-- > 1;) {
         DraftLine further = line;
         further.batch = parts[i].batch;
@@ -260,7 +273,8 @@ QString DocumentLines::today() const {
 
 int DocumentLines::columnOf(LineField field) const {
     for (size_t i = 0; i < m_columns.size(); ++i)
-        if (m_columns[i].field == field) return static_cast<int>(i);
+        if (m_columns[i].field == field)
+            return static_cast<int>(i);
     return -1;
 }
 
@@ -275,47 +289,74 @@ int DocumentLines::columnCount(const QModelIndex &parent) const {
 Decimal DocumentLines::figure(const EditLine &line, LineField field) const {
     const DraftLine &typed = line.typed;
     switch (field) {
-    case LineField::quantity: return typed.quantity;
-    case LineField::price: return typed.price;
-    case LineField::discount: return typed.discount;
-    case LineField::discounted: return line.amounts.discounted;
-    case LineField::taxRate: return typed.taxRate.value_or(m_session.parameters.taxRate);
-    case LineField::tax: return line.amounts.tax;
-    case LineField::total: return line.amounts.total;
-    case LineField::stock: return line.info.stock;
-    case LineField::retailPrice: return line.info.retailPrice;
-    case LineField::cost: return typed.cost.value_or(line.info.cost);
+    case LineField::quantity:
+        return typed.quantity;
+    case LineField::price:
+        return typed.price;
+    case LineField::discount:
+        return typed.discount;
+    case LineField::discounted:
+        return line.amounts.discounted;
+    case LineField::taxRate:
+        return typed.taxRate.value_or(m_session.parameters.taxRate);
+    case LineField::tax:
+        return line.amounts.tax;
+    case LineField::total:
+        return line.amounts.total;
+    case LineField::stock:
+        return line.info.stock;
+    case LineField::retailPrice:
+        return line.info.retailPrice;
+    case LineField::cost:
+        return typed.cost.value_or(line.info.cost);
     case LineField::profit:
         return line.amounts.amount - (typed.cost.value_or(line.info.cost) * typed.quantity)
                                          .rounded(m_session.parameters.amountDecimals);
-    default: return {};
+    default:
+        return {};
     }
 }
 
 QString DocumentLines::typedText(int row, LineField field) const {
     const EditLine &line = at(row);
     switch (field) {
-    case LineField::goods: return line.typed.goods;
-    case LineField::name: return line.info.name;
-    case LineField::commonName: return line.info.commonName;
-    case LineField::dosageForm: return line.info.dosageForm;
-    case LineField::specification: return line.info.specification;
-    case LineField::unit: return line.typed.unit.isEmpty() ? line.info.baseUnit : line.typed.unit;
-    case LineField::maker: return line.info.maker;
-    case LineField::licence: return line.info.licence;
-    case LineField::gift: return line.typed.gift;
-    case LineField::batch: return line.typed.batch.number;
-    case LineField::produced: return line.typed.batch.produced;
-    case LineField::expiry: return shownExpiry(line.typed.batch.expiry);
-    case LineField::source: return line.typed.sourceNumber;
-    case LineField::note: return line.typed.note;
-    default: break;
+    case LineField::goods:
+        return line.typed.goods;
+    case LineField::name:
+        return line.info.name;
+    case LineField::commonName:
+        return line.info.commonName;
+    case LineField::dosageForm:
+        return line.info.dosageForm;
+    case LineField::specification:
+        return line.info.specification;
+    case LineField::unit:
+        return line.typed.unit.isEmpty() ? line.info.baseUnit : line.typed.unit;
+    case LineField::maker:
+        return line.info.maker;
+    case LineField::licence:
+        return line.info.licence;
+    case LineField::gift:
+        return line.typed.gift;
+    case LineField::batch:
+        return line.typed.batch.number;
+    case LineField::produced:
+        return line.typed.batch.produced;
+    case LineField::expiry:
+        return shownExpiry(line.typed.batch.expiry);
+    case LineField::source:
+        return line.typed.sourceNumber;
+    case LineField::note:
+        return line.typed.note;
+    default:
+        break;
     }
     return figure(line, field).toText();
 }
 
 QString DocumentLines::shown(const EditLine &line, const LineColumn &column) const {
-    if (line.isBlank()) return {};
+    if (line.isBlank())
+        return {};
     if (!isNumber(column.spec.kind))
         return typedText(static_cast<int>(&line - m_lines.data()), column.field);
     return Formats(m_session.parameters).text(column.spec.kind, figure(line, column.field));
@@ -324,7 +365,8 @@ QString DocumentLines::shown(const EditLine &line, const LineColumn &column) con
 /// What should strike the eye: more than is there, than is allowed, past its day, below cost.
 bool DocumentLines::isAlarming(const EditLine &line, LineField field) const {
     const DraftLine &typed = line.typed;
-    if (line.isBlank()) return false;
+    if (line.isBlank())
+        return false;
     switch (field) {
     case LineField::quantity:
         return (m_setting.code == u"XS" && typed.quantity > line.info.stock && !m_readOnly) ||
@@ -337,26 +379,35 @@ bool DocumentLines::isAlarming(const EditLine &line, LineField field) const {
         const QString expiry = shownExpiry(typed.batch.expiry);
         return !expiry.isEmpty() && expiry < m_session.today();
     }
-    case LineField::stock: return line.info.stock.isNegative();
-    default: return false;
+    case LineField::stock:
+        return line.info.stock.isNegative();
+    default:
+        return false;
     }
 }
 
 QVariant DocumentLines::data(const QModelIndex &index, int role) const {
-    if (!index.isValid()) return {};
+    if (!index.isValid())
+        return {};
     const EditLine &line = at(index.row());
     const LineColumn &column = columnAt(index.column());
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole: return shown(line, column);
-    case Qt::EditRole: return line.isBlank() ? QString() : typedText(index.row(), column.field);
+    case Qt::ToolTipRole:
+        return shown(line, column);
+    case Qt::EditRole:
+        return line.isBlank() ? QString() : typedText(index.row(), column.field);
     case Qt::TextAlignmentRole:
-        return int(Qt::AlignVCenter | (isNumber(column.spec.kind) ? Qt::AlignRight : Qt::AlignLeft));
+        return int(Qt::AlignVCenter |
+                   (isNumber(column.spec.kind) ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ForegroundRole:
-        if (isAlarming(line, column.field)) return Theme::current().danger;
-        if (!column.editable) return Theme::current().textQuiet;
+        if (isAlarming(line, column.field))
+            return Theme::current().danger;
+        if (!column.editable)
+            return Theme::current().textQuiet;
         return {};
-    default: return {};
+    default:
+        return {};
     }
 }
 
@@ -364,15 +415,19 @@ QVariant DocumentLines::headerData(int section, Qt::Orientation orientation, int
     if (orientation == Qt::Vertical)
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
     const LineColumn &column = columnAt(section);
-    if (role == Qt::DisplayRole) return column.spec.caption;
+    if (role == Qt::DisplayRole)
+        return column.spec.caption;
     if (role == Qt::TextAlignmentRole)
-        return int(Qt::AlignVCenter | (isNumber(column.spec.kind) ? Qt::AlignRight : Qt::AlignLeft));
+        return int(Qt::AlignVCenter |
+                   (isNumber(column.spec.kind) ? Qt::AlignRight : Qt::AlignLeft));
     return {};
 }
 
 bool DocumentLines::isEditable(const EditLine &line, const LineColumn &column) const {
-    if (m_readOnly || !column.editable) return false;
-    if (line.isBlank()) return column.field == LineField::goods;
+    if (m_readOnly || !column.editable)
+        return false;
+    if (line.isBlank())
+        return column.field == LineField::goods;
     const bool money = column.field == LineField::price || column.field == LineField::total ||
                        column.field == LineField::discount;
     return !(money && !line.typed.gift.isEmpty());
@@ -413,34 +468,46 @@ void DocumentLines::typeInto(DraftLine &line, const LineProposal &info, LineFiel
         if (!divisor.isZero()) {
             const Decimal taxPrice = (total / divisor).rounded(p.priceDecimals);
             const Decimal rate = line.taxRate.value_or(p.taxRate);
-            line.price = p.pricesIncludeTax || rate.isZero()
-                             ? taxPrice
-                             : (taxPrice * Decimal(100) / (Decimal(100) + rate)).rounded(p.priceDecimals);
+            line.price =
+                p.pricesIncludeTax || rate.isZero()
+                    ? taxPrice
+                    : (taxPrice * Decimal(100) / (Decimal(100) + rate)).rounded(p.priceDecimals);
         }
         break;
     }
-    case LineField::cost: line.cost = typedNumber(text); break;
-    case LineField::batch: line.batch.number = text.trimmed(); break;
+    case LineField::cost:
+        line.cost = typedNumber(text);
+        break;
+    case LineField::batch:
+        line.batch.number = text.trimmed();
+        break;
     case LineField::produced:
         line.batch.produced = text.trimmed();
         if (!line.batch.produced.isEmpty() && info.shelfLifeMonths > 0)
             line.batch.expiry = expiryAfter(line.batch.produced, info.shelfLifeMonths);
         break;
-    case LineField::expiry: line.batch.expiry = text.trimmed(); break;
-    case LineField::note: line.note = text; break;
-    default: break;
+    case LineField::expiry:
+        line.batch.expiry = text.trimmed();
+        break;
+    case LineField::note:
+        line.note = text;
+        break;
+    default:
+        break;
     }
 }
 
 bool DocumentLines::setData(const QModelIndex &index, const QVariant &value, int role) {
-    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
+        return false;
     const LineField field = columnAt(index.column()).field;
     const QString text = value.toString();
     if (field == LineField::unit) {
         setUnit(index.row(), text);
         return true;
     }
-    if (field == LineField::goods || text == typedText(index.row(), field)) return false;
+    if (field == LineField::goods || text == typedText(index.row(), field))
+        return false;
     EditLine &line = m_lines[static_cast<size_t>(index.row())];
     typeInto(line.typed, line.info, field, text);
     touched(index.row());

@@ -102,7 +102,8 @@ private:
     [[nodiscard]] Decimal figure(const EditLine &line, LineField field) const;
     [[nodiscard]] bool isAlarming(const EditLine &line, LineField field) const;
     [[nodiscard]] bool isEditable(const EditLine &line, const LineColumn &column) const;
-    void typeInto(DraftLine &line, const LineProposal &info, LineField field, const QString &text) const;
+    void typeInto(DraftLine &line, const LineProposal &info, LineField field,
+                  const QString &text) const;
     LineRequest request(const DraftLine &line) const;
 
     Session &m_session;

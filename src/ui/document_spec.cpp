@@ -7,7 +7,8 @@ namespace jxc {
 
 namespace {
 
-DocumentFormSpec spec(const char16_t *code, const char16_t *formClass, std::vector<HeaderField> header) {
+DocumentFormSpec spec(const char16_t *code, const char16_t *formClass,
+                      std::vector<HeaderField> header) {
     DocumentFormSpec s;
     s.kind = findDocumentKind(QStringView(code));
     s.formClass = QString::fromUtf16(formClass);
@@ -21,7 +22,8 @@ DocumentFormSpec spec(const char16_t *code, const char16_t *formClass, std::vect
     s.paidWord = sale ? QStringLiteral("实收") : QStringLiteral("实付");
     s.restWord = sale ? QStringLiteral("未收") : QStringLiteral("未付");
     s.owedWord = sale ? QStringLiteral("余款记入应收帐") : QStringLiteral("余款记入应付帐");
-    s.header = {HeaderField::date, HeaderField::partner, HeaderField::warehouse, HeaderField::clerk};
+    s.header = {HeaderField::date, HeaderField::partner, HeaderField::warehouse,
+                HeaderField::clerk};
     s.header.insert(s.header.end(), header.begin(), header.end());
     s.header.push_back(HeaderField::note);
     return s;
@@ -30,13 +32,17 @@ DocumentFormSpec spec(const char16_t *code, const char16_t *formClass, std::vect
 std::vector<DocumentFormSpec> makeSpecs() {
     using H = HeaderField;
     std::vector<DocumentFormSpec> all;
-    all.push_back(spec(u"CJ", u"TF_Cgjh", {H::supplierNumber, H::invoiceNo, H::invoiced, H::freight, H::packing, H::freightTerms, H::contract}));
+    all.push_back(spec(u"CJ", u"TF_Cgjh",
+                       {H::supplierNumber, H::invoiceNo, H::invoiced, H::freight, H::packing,
+                        H::freightTerms, H::contract}));
     all.back().sourceWord = QStringLiteral("采购订单");
     all.push_back(spec(u"CT", u"TF_Cgth", {}));
     all.back().sourceWord = QStringLiteral("进货单");
     all.push_back(spec(u"RK", u"TF_Cgrk", {}));
     all.back().sourceWord = QStringLiteral("进货单");
-    all.push_back(spec(u"XS", u"TF_Spxs", {H::member, H::invoiceNo, H::invoiced, H::freight, H::packing, H::freightTerms, H::reminder, H::contract}));
+    all.push_back(spec(u"XS", u"TF_Spxs",
+                       {H::member, H::invoiceNo, H::invoiced, H::freight, H::packing,
+                        H::freightTerms, H::reminder, H::contract}));
     all.back().sourceWord = QStringLiteral("销售订单");
     all.push_back(spec(u"XT", u"TF_Xsth", {H::member}));
     all.back().sourceWord = QStringLiteral("销售单");
@@ -49,8 +55,10 @@ std::vector<DocumentFormSpec> makeSpecs() {
 
 const DocumentFormSpec &documentFormSpec(const QString &code) {
     static const std::vector<DocumentFormSpec> all = makeSpecs();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const DocumentFormSpec &s) { return s.code() == code; });
-    if (found == all.end()) throw std::logic_error("no windows for documents " + code.toStdString());
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&](const DocumentFormSpec &s) { return s.code() == code; });
+    if (found == all.end())
+        throw std::logic_error("no windows for documents " + code.toStdString());
     return *found;
 }
 

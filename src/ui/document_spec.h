@@ -27,8 +27,8 @@ enum class HeaderField {
 /// What the windows of a kind of document need beside its row of constants.
 struct DocumentFormSpec {
     const DocumentKind *kind;
-    QString formClass;   ///< "TF_Cgjh"; the editor is "TF_Cgjh_Add"
-    QString partnerWord; ///< 供货商 or 客户
+    QString formClass;                             ///< "TF_Cgjh"; the editor is "TF_Cgjh_Add"
+    QString partnerWord;                           ///< 供货商 or 客户
     QString dueWord, paidWord, restWord, owedWord; ///< 应付 实付 未付 余款记入应付帐
     bool hasMoney = true;
     bool isReturn = false;

@@ -202,8 +202,9 @@ GridPicture Grid::picture() const {
         const Row &row = m_model->at(line);
         for (size_t i = 0; i < columns.size(); ++i) {
             texts << m_model->cellText(line, columns[i]);
-            values.push_back(isNumber(picture.columns[i].kind) ? row.decimal(picture.columns[i].field)
-                                                               : Decimal());
+            values.push_back(isNumber(picture.columns[i].kind)
+                                 ? row.decimal(picture.columns[i].field)
+                                 : Decimal());
         }
         picture.rows.push_back(texts);
         picture.values.push_back(std::move(values));

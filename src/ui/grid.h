@@ -18,7 +18,7 @@ struct GridPicture {
     QStringList notes; ///< lines under the title: period, filters
     ColumnSpecs columns;
     std::vector<QStringList> rows;
-    QStringList sums;                      ///< one per column, or none at all
+    QStringList sums;                         ///< one per column, or none at all
     std::vector<std::vector<Decimal>> values; ///< of figures, for spreadsheets that compute on
 };
 

@@ -49,7 +49,8 @@ void TF_GridMsg::setTickable() {
 
 std::vector<const Row *> TF_GridMsg::chosen() const {
     std::vector<const Row *> rows = m_grid->model().tickedRows();
-    if (rows.empty() && m_grid->current() != nullptr) rows.push_back(m_grid->current());
+    if (rows.empty() && m_grid->current() != nullptr)
+        rows.push_back(m_grid->current());
     return rows;
 }
 

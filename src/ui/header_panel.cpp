@@ -23,20 +23,34 @@ constexpr int pairsPerLine = 4;
 
 QString captionOf(HeaderField field, const DocumentFormSpec &spec) {
     switch (field) {
-    case HeaderField::date: return QStringLiteral("开单日期");
-    case HeaderField::partner: return spec.partnerWord;
-    case HeaderField::warehouse: return QStringLiteral("仓库");
-    case HeaderField::clerk: return QStringLiteral("经手人");
-    case HeaderField::supplierNumber: return QStringLiteral("原始单号");
-    case HeaderField::invoiceNo: return QStringLiteral("发票号码");
-    case HeaderField::invoiced: return QStringLiteral("发票金额");
-    case HeaderField::freight: return QStringLiteral("运费");
-    case HeaderField::packing: return QStringLiteral("包装费");
-    case HeaderField::freightTerms: return QStringLiteral("运费方式");
-    case HeaderField::member: return QStringLiteral("会员");
-    case HeaderField::reminder: return QStringLiteral("提醒日期");
-    case HeaderField::contract: return QStringLiteral("合同");
-    case HeaderField::note: return QStringLiteral("备注");
+    case HeaderField::date:
+        return QStringLiteral("开单日期");
+    case HeaderField::partner:
+        return spec.partnerWord;
+    case HeaderField::warehouse:
+        return QStringLiteral("仓库");
+    case HeaderField::clerk:
+        return QStringLiteral("经手人");
+    case HeaderField::supplierNumber:
+        return QStringLiteral("原始单号");
+    case HeaderField::invoiceNo:
+        return QStringLiteral("发票号码");
+    case HeaderField::invoiced:
+        return QStringLiteral("发票金额");
+    case HeaderField::freight:
+        return QStringLiteral("运费");
+    case HeaderField::packing:
+        return QStringLiteral("包装费");
+    case HeaderField::freightTerms:
+        return QStringLiteral("运费方式");
+    case HeaderField::member:
+        return QStringLiteral("会员");
+    case HeaderField::reminder:
+        return QStringLiteral("提醒日期");
+    case HeaderField::contract:
+        return QStringLiteral("合同");
+    case HeaderField::note:
+        return QStringLiteral("备注");
     }
     return {};
 }
@@ -70,12 +84,16 @@ QWidget *HeaderPanel::make(HeaderField field) {
         connect(date, &DateField::dateChanged, this, &HeaderPanel::settingChanged);
         return date;
     }
-    case HeaderField::reminder: return new DateField(m_context.session.today(), this);
+    case HeaderField::reminder:
+        return new DateField(m_context.session.today(), this);
     case HeaderField::partner: {
-        auto *partner = new PickField(partnerSource(m_context, m_spec.kind->partnerKind), formats, this);
+        auto *partner =
+            new PickField(partnerSource(m_context, m_spec.kind->partnerKind), formats, this);
         connect(partner, &PickField::chosen, this, [this] {
             showBalance();
-            if (m_spec.isSale()) pick(HeaderField::clerk)->setSource(employeeSource(m_context, EmployeeDuty::sale, this->partner()));
+            if (m_spec.isSale())
+                pick(HeaderField::clerk)
+                    ->setSource(employeeSource(m_context, EmployeeDuty::sale, this->partner()));
             Q_EMIT partnerChanged();
             Q_EMIT settingChanged();
         });
@@ -87,10 +105,14 @@ QWidget *HeaderPanel::make(HeaderField field) {
         return warehouse;
     }
     case HeaderField::clerk:
-        return new PickField(employeeSource(m_context, m_spec.isSale() ? EmployeeDuty::sale : EmployeeDuty::purchase, {}), formats, this);
+        return new PickField(
+            employeeSource(m_context, m_spec.isSale() ? EmployeeDuty::sale : EmployeeDuty::purchase,
+                           {}),
+            formats, this);
     case HeaderField::invoiced:
     case HeaderField::freight:
-    case HeaderField::packing: return new NumberField(ValueKind::amount, formats, this);
+    case HeaderField::packing:
+        return new NumberField(ValueKind::amount, formats, this);
     case HeaderField::freightTerms: {
         auto *terms = new QComboBox(this);
         terms->addItems({QStringLiteral("对方付运费"), QStringLiteral("我方付运费")});
@@ -99,7 +121,8 @@ QWidget *HeaderPanel::make(HeaderField field) {
     default: {
         auto *line = new QLineEdit(this);
         line->setMaxLength(field == HeaderField::note ? 200 : 50);
-        if (field == HeaderField::note) line->setPlaceholderText(QStringLiteral("F2 常用备注"));
+        if (field == HeaderField::note)
+            line->setPlaceholderText(QStringLiteral("F2 常用备注"));
         return line;
     }
     }
@@ -112,7 +135,8 @@ void HeaderPanel::build() {
     grid->setVerticalSpacing(8);
     int cell = 0;
     const auto place = [&](const QString &caption, QWidget *widget, int span) {
-        if (cell % pairsPerLine + span > pairsPerLine) cell += pairsPerLine - cell % pairsPerLine;
+        if (cell % pairsPerLine + span > pairsPerLine)
+            cell += pairsPerLine - cell % pairsPerLine;
         const int line = cell / pairsPerLine, column = cell % pairsPerLine * 2;
         auto *label = new QLabel(caption, this);
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -131,16 +155,22 @@ void HeaderPanel::build() {
             widget->setEnabled(false);
             widget->setToolTip(QStringLiteral("尚未提供"));
         }
-        if (auto *line = qobject_cast<QLineEdit *>(widget)) connect(line, &QLineEdit::textEdited, this, &HeaderPanel::edited);
-        if (auto *box = qobject_cast<QComboBox *>(widget)) connect(box, &QComboBox::activated, this, &HeaderPanel::edited);
-        if (auto *choice = qobject_cast<PickField *>(widget)) connect(choice, &PickField::chosen, this, &HeaderPanel::edited);
+        if (auto *line = qobject_cast<QLineEdit *>(widget))
+            connect(line, &QLineEdit::textEdited, this, &HeaderPanel::edited);
+        if (auto *box = qobject_cast<QComboBox *>(widget))
+            connect(box, &QComboBox::activated, this, &HeaderPanel::edited);
+        if (auto *choice = qobject_cast<PickField *>(widget))
+            connect(choice, &PickField::chosen, this, &HeaderPanel::edited);
         if (field == HeaderField::partner && m_spec.followsSource) {
             widget->setEnabled(false); // the source's
         }
         place(captionOf(field, m_spec), widget, field == HeaderField::note ? 2 : 1);
         if (field == HeaderField::partner) {
-            if (m_spec.hasMoney) place(m_spec.isSale() ? QStringLiteral("应收余额") : QStringLiteral("应付余额"), m_balance, 1);
-            else m_balance->hide();
+            if (m_spec.hasMoney)
+                place(m_spec.isSale() ? QStringLiteral("应收余额") : QStringLiteral("应付余额"),
+                      m_balance, 1);
+            else
+                m_balance->hide();
         }
     }
     for (int i = 0; i < pairsPerLine; ++i)
@@ -164,8 +194,12 @@ QString HeaderPanel::date() const {
 }
 
 void HeaderPanel::showBalance() {
-    if (!m_spec.hasMoney) return;
-    const Decimal balance = partner().isEmpty() ? Decimal() : CurrentBalance(m_context.session.db(), {m_spec.kind->partnerKind, partner()});
+    if (!m_spec.hasMoney)
+        return;
+    const Decimal balance =
+        partner().isEmpty()
+            ? Decimal()
+            : CurrentBalance(m_context.session.db(), {m_spec.kind->partnerKind, partner()});
     m_balance->setText(Formats(m_context.session.parameters).money(balance));
     m_balance->setProperty("danger", balance.isPositive());
     m_balance->style()->unpolish(m_balance);
@@ -175,19 +209,24 @@ void HeaderPanel::showBalance() {
 void HeaderPanel::fill(const Draft &draft) {
     m_number->setText(draft.number.isEmpty() ? QStringLiteral("自动编号") : draft.number);
     const auto setText = [&](HeaderField field, const QString &text) {
-        if (auto *line = qobject_cast<QLineEdit *>(widget(field))) line->setText(text);
+        if (auto *line = qobject_cast<QLineEdit *>(widget(field)))
+            line->setText(text);
     };
     const auto setAmount = [&](HeaderField field, Decimal amount) {
         auto *number = qobject_cast<NumberField *>(widget(field));
-        if (number == nullptr) return;
+        if (number == nullptr)
+            return;
         number->clear();
-        if (!amount.isZero()) number->setValue(amount);
+        if (!amount.isZero())
+            number->setValue(amount);
     };
     const QSignalBlocker quiet(widget(HeaderField::date));
     setText(HeaderField::date, draft.date);
     pick(HeaderField::partner)->setCode(draft.partner);
     pick(HeaderField::warehouse)->setCode(draft.warehouse);
-    if (m_spec.isSale()) pick(HeaderField::clerk)->setSource(employeeSource(m_context, EmployeeDuty::sale, draft.partner));
+    if (m_spec.isSale())
+        pick(HeaderField::clerk)
+            ->setSource(employeeSource(m_context, EmployeeDuty::sale, draft.partner));
     pick(HeaderField::clerk)->setCode(draft.clerk);
     setText(HeaderField::supplierNumber, draft.supplierNumber);
     setText(HeaderField::invoiceNo, draft.invoiceNo);
@@ -205,10 +244,12 @@ void HeaderPanel::fill(const Draft &draft) {
 
 void HeaderPanel::collect(Draft &draft) const {
     const auto text = [&](HeaderField field, QString &into) {
-        if (auto *line = qobject_cast<QLineEdit *>(widget(field))) into = line->text().trimmed();
+        if (auto *line = qobject_cast<QLineEdit *>(widget(field)))
+            into = line->text().trimmed();
     };
     const auto amount = [&](HeaderField field, Decimal &into) {
-        if (auto *number = qobject_cast<NumberField *>(widget(field))) into = number->value();
+        if (auto *number = qobject_cast<NumberField *>(widget(field)))
+            into = number->value();
     };
     draft.date = date();
     draft.partner = partner();
@@ -221,7 +262,8 @@ void HeaderPanel::collect(Draft &draft) const {
     amount(HeaderField::packing, draft.packing);
     if (auto *terms = qobject_cast<QComboBox *>(widget(HeaderField::freightTerms)))
         draft.freightTerms = terms->currentText();
-    if (auto *day = qobject_cast<DateField *>(widget(HeaderField::reminder))) draft.reminderDate = day->date();
+    if (auto *day = qobject_cast<DateField *>(widget(HeaderField::reminder)))
+        draft.reminderDate = day->date();
     text(HeaderField::note, draft.note);
 }
 
@@ -231,19 +273,23 @@ void HeaderPanel::setReadOnly(bool on) {
 }
 
 void HeaderPanel::start() {
-    for (const HeaderField field : {HeaderField::partner, HeaderField::warehouse, HeaderField::clerk})
+    for (const HeaderField field :
+         {HeaderField::partner, HeaderField::warehouse, HeaderField::clerk})
         if (widget(field)->isEnabled() && pick(field)->code().isEmpty()) {
             focusField(field);
             return;
         }
-    focusField(widget(HeaderField::partner)->isEnabled() ? HeaderField::partner : HeaderField::warehouse);
+    focusField(widget(HeaderField::partner)->isEnabled() ? HeaderField::partner
+                                                         : HeaderField::warehouse);
 }
 
 void HeaderPanel::focusField(HeaderField field) {
     QWidget *target = widget(field);
-    if (target == nullptr) return;
+    if (target == nullptr)
+        return;
     target->setFocus(Qt::OtherFocusReason);
-    if (auto *line = qobject_cast<QLineEdit *>(target)) line->selectAll();
+    if (auto *line = qobject_cast<QLineEdit *>(target))
+        line->selectAll();
 }
 
 /// The phrases that are used most come first; a chosen one is put where the cursor is.
@@ -253,14 +299,17 @@ void HeaderPanel::openPhrases() {
 }
 
 bool HeaderPanel::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     if (key->key() == Qt::Key_F2 && watched == widget(HeaderField::note)) {
         openPhrases();
         return true;
     }
-    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return QWidget::eventFilter(watched, event);
-    if (auto *choice = qobject_cast<PickField *>(watched); choice != nullptr && choice->isTyped() && !choice->commitTyped())
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+        return QWidget::eventFilter(watched, event);
+    if (auto *choice = qobject_cast<PickField *>(watched);
+        choice != nullptr && choice->isTyped() && !choice->commitTyped())
         return true;
     if (watched == widget(m_spec.header.back())) {
         Q_EMIT finished();

@@ -29,7 +29,9 @@ public:
     /// Where typing begins: the first field that has nothing yet.
     void start();
     void focusField(HeaderField field);
-    [[nodiscard]] QWidget *widget(HeaderField field) const { return m_widgets.value(static_cast<int>(field)); }
+    [[nodiscard]] QWidget *widget(HeaderField field) const {
+        return m_widgets.value(static_cast<int>(field));
+    }
 
     [[nodiscard]] QString partner() const;
     [[nodiscard]] QString warehouse() const;

@@ -40,7 +40,8 @@ bool LayoutStore::save(const std::vector<ColumnLayout> &columns) const {
 }
 
 QStringList LayoutStore::list(const QString &key) const {
-    if (!QFile::exists(m_file)) return {};
+    if (!QFile::exists(m_file))
+        return {};
     return QSettings(m_file, QSettings::IniFormat).value(key).toStringList();
 }
 

@@ -15,7 +15,8 @@ LineDelegate::LineDelegate(LineTable *table)
     , m_table(table) {}
 
 QWidget *LineDelegate::goodsEditor(QWidget *parent, int row) const {
-    auto *field = new PickField(m_table->goodsSource(), Formats(m_table->lines().formatsOf()), parent);
+    auto *field =
+        new PickField(m_table->goodsSource(), Formats(m_table->lines().formatsOf()), parent);
     connect(field, &PickField::chosen, m_table, [this, field, row](const Row &goods) {
         Q_EMIT m_table->goodsPicked(row, goods, field->typedText());
     });
@@ -36,7 +37,8 @@ QWidget *LineDelegate::unitEditor(QWidget *parent, int row) const {
         return rows;
     };
     PickSource source;
-    source.columns = {text(u"dw_name", u"单位", 72), column(u"g_zhxs", u"换算系数", ValueKind::factor, 88)};
+    source.columns = {text(u"dw_name", u"单位", 72),
+                      column(u"g_zhxs", u"换算系数", ValueKind::factor, 88)};
     source.codeField = source.nameField = QStringLiteral("dw_name");
     source.search = rowsFor;
     source.find = [rowsFor](const QString &name) -> std::optional<Row> {
@@ -72,27 +74,34 @@ void LineDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
     if (auto *pick = qobject_cast<PickField *>(editor)) {
         pick->setChoice(text, text);
     } else if (auto *number = qobject_cast<NumberField *>(editor)) {
-        if (const Decimal value = typedNumber(text); !value.isZero()) number->setValue(value);
+        if (const Decimal value = typedNumber(text); !value.isZero())
+            number->setValue(value);
     } else if (auto *line = qobject_cast<QLineEdit *>(editor)) {
         line->setText(text);
     }
-    if (auto *line = qobject_cast<QLineEdit *>(editor)) line->selectAll();
+    if (auto *line = qobject_cast<QLineEdit *>(editor))
+        line->selectAll();
 }
 
 void LineDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
                                 const QModelIndex &index) const {
     const LineField field = m_table->lines().columnAt(index.column()).field;
-    if (field == LineField::goods) return; // taken when it was picked
+    if (field == LineField::goods)
+        return; // taken when it was picked
     QString text = static_cast<QLineEdit *>(editor)->text();
-    if (auto *pick = qobject_cast<PickField *>(editor)) text = pick->code();
-    if (auto *date = qobject_cast<DateField *>(editor)) text = date->date();
-    if (model->setData(index, text, Qt::EditRole)) Q_EMIT m_table->cellDone(index.row(), field);
+    if (auto *pick = qobject_cast<PickField *>(editor))
+        text = pick->code();
+    if (auto *date = qobject_cast<DateField *>(editor))
+        text = date->date();
+    if (model->setData(index, text, Qt::EditRole))
+        Q_EMIT m_table->cellDone(index.row(), field);
 }
 
 /// Takes what was typed; false when it means nothing and the cell stays open.
 bool LineDelegate::take(QWidget *editor) {
     if (auto *pick = qobject_cast<PickField *>(editor)) {
-        if (pick->isTyped() && !pick->commitTyped()) return false;
+        if (pick->isTyped() && !pick->commitTyped())
+            return false;
     }
     Q_EMIT commitData(editor);
     return true;
@@ -106,49 +115,65 @@ bool LineDelegate::enter(QWidget *editor, int direction) {
     const QModelIndex cell = m_table->currentIndex();
     const bool wasBlank = m_table->lines().isBlank(cell.row());
     const QPointer<QWidget> guard(editor);
-    if (!take(editor)) return true;
-    if (guard) leave(editor);
+    if (!take(editor))
+        return true;
+    if (guard)
+        leave(editor);
     // Picking a goods may have gone elsewhere already: to a dialog, or to the next line.
-    if (m_table->currentIndex() != cell || m_table->isEditing()) return true;
+    if (m_table->currentIndex() != cell || m_table->isEditing())
+        return true;
     if (wasBlank && m_table->lines().isBlank(cell.row())) {
-        if (direction > 0) Q_EMIT m_table->finished();
-        else m_table->retreat();
+        if (direction > 0)
+            Q_EMIT m_table->finished();
+        else
+            m_table->retreat();
         return true;
     }
-    if (direction > 0) m_table->advance();
-    else m_table->retreat();
+    if (direction > 0)
+        m_table->advance();
+    else
+        m_table->retreat();
     return true;
 }
 
 bool LineDelegate::eventFilter(QObject *watched, QEvent *event) {
     auto *editor = qobject_cast<QLineEdit *>(watched);
-    if (editor == nullptr || event->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(watched, event);
+    if (editor == nullptr || event->type() != QEvent::KeyPress)
+        return QStyledItemDelegate::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     auto *pick = qobject_cast<PickField *>(editor);
     const bool listOpen = pick != nullptr && pick->isListOpen();
     const bool untouched = editor->hasSelectedText() && editor->selectedText() == editor->text();
     switch (key->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: return enter(editor, 1);
-    case Qt::Key_Tab: return enter(editor, 1);
-    case Qt::Key_Backtab: return enter(editor, -1);
+    case Qt::Key_Enter:
+        return enter(editor, 1);
+    case Qt::Key_Tab:
+        return enter(editor, 1);
+    case Qt::Key_Backtab:
+        return enter(editor, -1);
     case Qt::Key_Escape:
-        if (listOpen) return false;
+        if (listOpen)
+            return false;
         Q_EMIT closeEditor(editor, RevertModelCache);
         m_table->setFocus();
         return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
-        if (listOpen || key->modifiers() != Qt::NoModifier) return false;
-        if (!take(editor)) return true;
+        if (listOpen || key->modifiers() != Qt::NoModifier)
+            return false;
+        if (!take(editor))
+            return true;
         leave(editor);
         m_table->moveRow(key->key() == Qt::Key_Up ? -1 : 1);
         return true;
     case Qt::Key_Left:
     case Qt::Key_Right:
-        if (listOpen || (!untouched && !editor->text().isEmpty())) return false;
+        if (listOpen || (!untouched && !editor->text().isEmpty()))
+            return false;
         return enter(editor, key->key() == Qt::Key_Right ? 1 : -1);
-    default: return QStyledItemDelegate::eventFilter(watched, event);
+    default:
+        return QStyledItemDelegate::eventFilter(watched, event);
     }
 }
 

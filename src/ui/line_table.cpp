@@ -15,7 +15,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int rowHeight = 32;
+constexpr int lineHeight = 32;
 
 int widthOf(const ColumnSpec &spec) {
     return spec.width > 0 ? spec.width : 92;
@@ -38,7 +38,7 @@ LineTable::LineTable(const FormContext &context, const QString &name, DocumentLi
     setWordWrap(false);
     setTabKeyNavigation(false);
     setHorizontalScrollMode(ScrollPerPixel);
-    verticalHeader()->setDefaultSectionSize(rowHeight);
+    verticalHeader()->setDefaultSectionSize(lineHeight);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setFixedWidth(40);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
@@ -46,7 +46,8 @@ LineTable::LineTable(const FormContext &context, const QString &name, DocumentLi
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     m_sums = new SumsRow(horizontalHeader(), parent);
-    connect(horizontalHeader(), &QHeaderView::customContextMenuRequested, this, &LineTable::openMenu);
+    connect(horizontalHeader(), &QHeaderView::customContextMenuRequested, this,
+            &LineTable::openMenu);
     connect(lines, &DocumentLines::edited, this, &LineTable::refreshSums);
     connect(lines, &QAbstractItemModel::modelReset, this, &LineTable::refreshSums);
     restoreLayout();
@@ -68,10 +69,13 @@ void LineTable::refreshSums() {
 }
 
 void LineTable::commitEditor() {
-    if (state() != EditingState) return;
+    if (state() != EditingState)
+        return;
     QWidget *editor = indexWidget(currentIndex());
-    if (editor == nullptr) editor = qobject_cast<QWidget *>(viewport()->focusWidget());
-    if (editor == nullptr) return;
+    if (editor == nullptr)
+        editor = qobject_cast<QWidget *>(viewport()->focusWidget());
+    if (editor == nullptr)
+        return;
     commitData(editor);
     closeEditor(editor, QAbstractItemDelegate::NoHint);
     setFocus();
@@ -79,15 +83,18 @@ void LineTable::commitEditor() {
 
 void LineTable::edit(int row, LineField field) {
     const int column = m_lines->columnOf(field);
-    if (column < 0) return;
+    if (column < 0)
+        return;
     setFocus();
     setCurrentIndex(m_lines->index(row, column));
     scrollTo(currentIndex());
-    if (m_lines->flags(currentIndex()) & Qt::ItemIsEditable) edit(currentIndex());
+    if (m_lines->flags(currentIndex()) & Qt::ItemIsEditable)
+        edit(currentIndex());
 }
 
 void LineTable::startNextLine() {
-    if (const int row = m_lines->blankRow(); row >= 0) edit(row, LineField::goods);
+    if (const int row = m_lines->blankRow(); row >= 0)
+        edit(row, LineField::goods);
 }
 
 bool LineTable::isStop(int column) const {
@@ -112,14 +119,16 @@ void LineTable::step(int direction) {
         if (place < 0 || place >= header->count()) {
             row += direction;
             if (row < 0 || row >= m_lines->rowCount()) {
-                if (direction > 0) Q_EMIT finished();
+                if (direction > 0)
+                    Q_EMIT finished();
                 return;
             }
             place = direction > 0 ? 0 : header->count() - 1;
         }
         const int column = header->logicalIndex(place);
         const QModelIndex index = m_lines->index(row, column);
-        if (!isStop(column) || !(m_lines->flags(index) & Qt::ItemIsEditable)) continue;
+        if (!isStop(column) || !(m_lines->flags(index) & Qt::ItemIsEditable))
+            continue;
         setFocus();
         setCurrentIndex(index);
         scrollTo(index);
@@ -131,12 +140,14 @@ void LineTable::step(int direction) {
 void LineTable::moveRow(int by) {
     const int row = qBound(0, currentRow() + by, m_lines->rowCount() - 1);
     int column = currentIndex().column();
-    if (m_lines->isBlank(row)) column = qMax(0, m_lines->columnOf(LineField::goods));
+    if (m_lines->isBlank(row))
+        column = qMax(0, m_lines->columnOf(LineField::goods));
     const QModelIndex index = m_lines->index(row, column);
     setFocus();
     setCurrentIndex(index);
     scrollTo(index);
-    if (m_lines->flags(index) & Qt::ItemIsEditable) edit(index);
+    if (m_lines->flags(index) & Qt::ItemIsEditable)
+        edit(index);
 }
 
 void LineTable::keyPressEvent(QKeyEvent *event) {
@@ -148,16 +159,24 @@ void LineTable::keyPressEvent(QKeyEvent *event) {
         else
             advance();
         return;
-    case Qt::Key_Tab: advance(); return;
-    case Qt::Key_Backtab: retreat(); return;
-    case Qt::Key_Escape: event->ignore(); return; // the form leaves
-    default: QTableView::keyPressEvent(event);
+    case Qt::Key_Tab:
+        advance();
+        return;
+    case Qt::Key_Backtab:
+        retreat();
+        return;
+    case Qt::Key_Escape:
+        event->ignore();
+        return; // the form leaves
+    default:
+        QTableView::keyPressEvent(event);
     }
 }
 
 void LineTable::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
     QTableView::currentChanged(current, previous);
-    if (current.row() != previous.row()) Q_EMIT currentRowChanged(current.row());
+    if (current.row() != previous.row())
+        Q_EMIT currentRowChanged(current.row());
 }
 
 void LineTable::restoreLayout() {
@@ -171,11 +190,13 @@ void LineTable::restoreLayout() {
     int place = 0;
     for (const ColumnLayout &kept : LayoutStore(m_context.home, m_name).load()) {
         for (size_t i = 0; i < columns.size(); ++i) {
-            if (columns[i].spec.field != kept.field) continue;
+            if (columns[i].spec.field != kept.field)
+                continue;
             const int column = static_cast<int>(i);
             horizontalHeader()->moveSection(horizontalHeader()->visualIndex(column), place++);
             setColumnHidden(column, !kept.visible);
-            if (kept.width > 0) setColumnWidth(column, kept.width);
+            if (kept.width > 0)
+                setColumnWidth(column, kept.width);
         }
     }
     const QStringList stops = LayoutStore(m_context.home, m_name).list(QStringLiteral("stops"));
@@ -191,7 +212,8 @@ void LineTable::saveLayout() {
         const QString field = m_lines->columnAt(column).spec.field;
         const bool visible = !isColumnHidden(column);
         kept.push_back({field, visible ? columnWidth(column) : 0, visible});
-        if (m_stops[static_cast<size_t>(column)]) stops << field;
+        if (m_stops[static_cast<size_t>(column)])
+            stops << field;
     }
     const LayoutStore store(m_context.home, m_name);
     const bool done = store.save(kept) && store.saveList(QStringLiteral("stops"), stops);
@@ -211,8 +233,10 @@ void LineTable::openMenu(const QPoint &at) {
         QAction *show = shown->addAction(spec.spec.caption);
         show->setCheckable(true);
         show->setChecked(!isColumnHidden(column));
-        connect(show, &QAction::toggled, this, [this, column](bool on) { setColumnHidden(column, !on); });
-        if (!spec.editable) continue;
+        connect(show, &QAction::toggled, this,
+                [this, column](bool on) { setColumnHidden(column, !on); });
+        if (!spec.editable)
+            continue;
         QAction *stop = stops->addAction(spec.spec.caption);
         stop->setCheckable(true);
         stop->setChecked(m_stops[static_cast<size_t>(column)]);

@@ -30,14 +30,15 @@ void ScanCatcher::begin() {
 bool ScanCatcher::eventFilter(QObject *watched, QEvent *event) {
     auto *widget = qobject_cast<QWidget *>(watched);
     // A key reaches the focus widget first; its journey through the parents is no new key.
-    if (event->type() != QEvent::KeyPress || widget == nullptr || widget != QApplication::focusWidget() ||
-        widget->window() != m_window)
+    if (event->type() != QEvent::KeyPress || widget == nullptr ||
+        widget != QApplication::focusWidget() || widget->window() != m_window)
         return false;
     const auto *key = static_cast<QKeyEvent *>(event);
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
     const bool quick = m_sinceLast.isValid() && m_sinceLast.elapsed() <= longestGap;
     m_sinceLast.start();
-    if (!quick && !enter) begin();
+    if (!quick && !enter)
+        begin();
     if (!enter) {
         const QString text = key->text();
         if (text.size() == 1 && text.front().isLetterOrNumber() && text.front().unicode() < 128)
@@ -48,10 +49,11 @@ bool ScanCatcher::eventFilter(QObject *watched, QEvent *event) {
     }
     const QString burst = std::exchange(m_burst, {});
     // The goods cell knows itself what to do with a barcode.
-    if (!quick || burst.size() < shortestScan || qobject_cast<PickField *>(widget) != nullptr || !m_knows ||
-        !m_knows(burst))
+    if (!quick || burst.size() < shortestScan || qobject_cast<PickField *>(widget) != nullptr ||
+        !m_knows || !m_knows(burst))
         return false;
-    if (m_field) m_field->setText(m_before);
+    if (m_field)
+        m_field->setText(m_before);
     Q_EMIT scanned(burst);
     return true;
 }

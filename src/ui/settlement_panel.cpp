@@ -14,7 +14,8 @@
 
 namespace jxc {
 
-SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormSpec &spec, QWidget *parent)
+SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormSpec &spec,
+                                 QWidget *parent)
     : QWidget(parent)
     , m_context(context)
     , m_spec(spec)
@@ -32,7 +33,8 @@ SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormS
     m_paid->setFixedWidth(120);
     m_rest->setObjectName(QStringLiteral("rest"));
     // Returns owe what is not paid back; there is no other choice.
-    if (!spec.isReturn) m_rest->addItem(QStringLiteral("按实付款结算"), true);
+    if (!spec.isReturn)
+        m_rest->addItem(QStringLiteral("按实付款结算"), true);
     m_rest->addItem(spec.owedWord, false);
     m_rest->setCurrentIndex(m_rest->count() - 1);
     m_account->setObjectName(QStringLiteral("account"));
@@ -54,7 +56,8 @@ SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormS
     layout->addWidget(m_rest);
     layout->addWidget(label(QStringLiteral("账户")));
     layout->addWidget(m_account);
-    for (QWidget *field : {static_cast<QWidget *>(m_paid), static_cast<QWidget *>(m_rest), static_cast<QWidget *>(m_account)})
+    for (QWidget *field : {static_cast<QWidget *>(m_paid), static_cast<QWidget *>(m_rest),
+                           static_cast<QWidget *>(m_account)})
         field->installEventFilter(this);
     connect(m_paid, &QLineEdit::textEdited, this, [this](const QString &typed) {
         m_paidTyped = !typed.isEmpty();
@@ -71,23 +74,30 @@ void SettlementPanel::setDue(Decimal due, Decimal ofLines) {
     m_dueNow = due;
     m_due->setText(formats.money(due));
     QString words = amountInCapitals(due.toText(2));
-    if (due != ofLines) words += QStringLiteral("　（整单优惠 %1）").arg(formats.text(ValueKind::amount, ofLines - due));
+    if (due != ofLines)
+        words +=
+            QStringLiteral("　（整单优惠 %1）").arg(formats.text(ValueKind::amount, ofLines - due));
     m_capitals->setText(words);
-    if (!m_paidTyped) m_paid->setValue(due);
+    if (!m_paidTyped)
+        m_paid->setValue(due);
     showRest();
 }
 
 void SettlementPanel::showRest() {
     const Decimal rest = m_dueNow - m_paid->value();
     const bool short_ = rest.isPositive();
-    m_restLabel->setText(short_ ? m_spec.restWord + u' ' + Formats(m_context.session.parameters).text(ValueKind::amount, rest) : QString());
+    m_restLabel->setText(
+        short_ ? m_spec.restWord + u' ' +
+                     Formats(m_context.session.parameters).text(ValueKind::amount, rest)
+               : QString());
     m_rest->setVisible(short_);
     m_restLabel->setVisible(short_);
 }
 
 void SettlementPanel::fill(const Draft &draft) {
     m_paidTyped = draft.paid.has_value();
-    if (draft.paid) m_paid->setValue(*draft.paid);
+    if (draft.paid)
+        m_paid->setValue(*draft.paid);
     m_rest->setCurrentIndex(qMax(0, m_rest->findData(draft.restForgiven)));
     m_account->setCode(draft.account);
     showRest();
@@ -95,7 +105,8 @@ void SettlementPanel::fill(const Draft &draft) {
 
 void SettlementPanel::collect(Draft &draft) const {
     draft.paid.reset();
-    if (m_paidTyped) draft.paid = m_paid->value();
+    if (m_paidTyped)
+        draft.paid = m_paid->value();
     draft.restForgiven = m_rest->currentData().toBool();
     draft.account = m_account->code();
 }
@@ -112,11 +123,14 @@ void SettlementPanel::focusPaid() {
 }
 
 bool SettlementPanel::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
-    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return QWidget::eventFilter(watched, event);
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+        return QWidget::eventFilter(watched, event);
     if (watched == m_account) {
-        if (m_account->isTyped() && !m_account->commitTyped()) return true;
+        if (m_account->isTyped() && !m_account->commitTyped())
+            return true;
         Q_EMIT finished();
     } else if (watched == m_paid && !m_rest->isVisible()) {
         m_account->setFocus(Qt::OtherFocusReason);
