@@ -2,6 +2,7 @@
 #include "core/operation_log.h"
 #include "core/rights.h"
 #include "stock/draft_context.h"
+#include "stock/order_progress.h"
 #include "stock/posting.h"
 
 namespace jxc {
@@ -53,6 +54,12 @@ void deleteInTransaction(Session &session, Answers &answers, const QString &numb
     for (const QString &table : {kind->lineTable, kind->headerTable})
         db.execute(QStringLiteral("delete from %1 where %2=?").arg(table, kind->numberColumn),
                    {number});
+    if (kind->code == QLatin1String("CJ") || kind->code == QLatin1String("XS")) {
+        std::vector<qint64> orderLines;
+        for (const Row &row : state->lines)
+            orderLines.push_back(row.integer(u"id3"));
+        refreshOrderProgress(db, kind->code, std::move(orderLines));
+    }
     writeLog(session, QStringLiteral("删除%1：%2").arg(kind->title, number));
 }
 

@@ -3,6 +3,7 @@
 #include "stock/discount.h"
 #include "stock/draft_checks.h"
 #include "stock/draft_lines.h"
+#include "stock/order_progress.h"
 
 namespace jxc {
 
@@ -27,6 +28,7 @@ public:
         m_lines = completeLines(m_context);
         checkCompleteLines(m_context, m_lines);
         store();
+        refreshOrders();
         Settlement settlement;
         if (!m_context.isFollower) {
             settlement = settle(m_context, discountedDue());
@@ -60,6 +62,19 @@ private:
         }
         addUntypedHeader(header);
         m_db.insertRow(m_kind.headerTable, header);
+    }
+
+    /// The orders that the draft's lines follow, and those that its former lines followed.
+    void refreshOrders() {
+        if (m_context.isFollower || m_context.isReturn)
+            return;
+        std::vector<qint64> orderLines;
+        for (const DraftLine &line : m_draft.lines)
+            orderLines.push_back(line.sourceLine);
+        if (m_context.stored)
+            for (const Row &row : m_context.stored->lines)
+                orderLines.push_back(row.integer(u"id3"));
+        refreshOrderProgress(m_db, m_kind.code, std::move(orderLines));
     }
 
     /// Goods-in is of the supplier whose receipt it takes from, goods-out of the sale's customer.
