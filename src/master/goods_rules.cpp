@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "db/database.h"
 #include "db/fitted.h"
+#include "master/barcodes.h"
 #include "master/record.h"
 
 #include <algorithm>
@@ -72,6 +73,11 @@ void checkGoodsRow(const Session &session, Record &goods) {
         hasMoved(session.db(), goods.text(u"g_sn")))
         throw FieldRefusal(QStringLiteral("dw_name"),
                            QStringLiteral("该商品已有业务发生，不能修改单位！"));
+    const QString barcode = goods.text(u"g_sptm");
+    if (!barcode.isEmpty() && goods.isChanged(u"g_sptm") &&
+        BarcodeRules::load(session.db()).unique &&
+        isForeignBarcode(session.db(), barcode, goods.text(u"g_sn")))
+        throw FieldRefusal(QStringLiteral("g_sptm"), repeatedBarcodeText);
     goods.set(QStringLiteral("gg_jm"),
               fitted(u"jxc_goods", u"gg_jm", pinyinInitials(goods.text(u"gg_name"))));
 }

@@ -185,7 +185,6 @@ Record newRecord(const Session &session, const MasterKind &kind) {
 
 Record copiedRecord(const Session &session, const MasterKind &kind, const Record &from) {
     Record record = newRecord(session, kind);
-    const QString code = record.text(kind.codeColumn);
     for (const MasterField &field : kind.fields) {
         if (!isTyped(field) || field.isSingle)
             continue;
@@ -195,7 +194,7 @@ Record copiedRecord(const Session &session, const MasterKind &kind, const Record
                 record.set(column, from.text(column));
     }
     if (!kind.codeColumn.isEmpty()) {
-        record.set(kind.codeColumn, code);
+        record.set(kind.codeColumn, {});
         record.set(kind.codeColumn, drawnCode(session, kind, record));
     }
     return record;
