@@ -14,8 +14,9 @@ void addContent(Where &where, const DocumentSource &source, const DocumentFilter
     Where line;
     line.addEqual(QStringLiteral("l.g_sn"), filter.goods);
     line.addEqual(QStringLiteral("l.t_ph"), filter.batch);
-    QString condition = QStringLiteral("exists (select l.id from %1 l where l.%2=h.%2 and %3)")
-                            .arg(source.lines, source.number, line.text());
+    // Not by each document in turn: the lines of a goods are few beside all documents.
+    QString condition = QStringLiteral("h.%1 in (select l.%1 from %2 l where %3)")
+                            .arg(source.number, source.lines, line.text());
     Values values = line.values();
     if (source.headerHasGoods) {
         Where header;
