@@ -57,6 +57,11 @@ QDate lastGoodDay(QStringView expiry, QStringView produced, int shelfLifeMonths)
     return made.isValid() ? made.addMonths(shelfLifeMonths) : QDate();
 }
 
+std::optional<qint64> daysLeft(QStringView expiry, QDate today) {
+    const QDate last = lastGoodDay(expiry);
+    return last.isValid() ? std::optional<qint64>(today.daysTo(last)) : std::nullopt;
+}
+
 QString expiryAfter(QStringView produced, int shelfLifeMonths) {
     return toDateText(lastGoodDay({}, produced, shelfLifeMonths));
 }

@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QString>
+#include <optional>
 
 namespace jxc {
 
@@ -15,6 +16,10 @@ namespace jxc {
 /// The same for a batch of a goods that is good for so many months from its production, by which it
 /// goes when it has no expiry of its own.
 [[nodiscard]] QDate lastGoodDay(QStringView expiry, QStringView produced, int shelfLifeMonths);
+
+/// Whole days from a day until a batch expires: 0 on its last one, negative past it; nothing for
+/// what never expires.
+[[nodiscard]] std::optional<qint64> daysLeft(QStringView expiry, QDate today);
 
 /// The expiry of what was produced then, in the books' form; empty without either.
 [[nodiscard]] QString expiryAfter(QStringView produced, int shelfLifeMonths);
