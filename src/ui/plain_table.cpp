@@ -8,7 +8,10 @@ PlainTable::PlainTable(const QList<Column> &columns, QWidget *parent)
     : QTableWidget(0, static_cast<int>(columns.size()), parent)
     , m_columns(columns) {
     for (int i = 0; i < columns.size(); ++i) {
-        setHorizontalHeaderItem(i, new QTableWidgetItem(columns[i].caption));
+        auto *caption = new QTableWidgetItem(columns[i].caption);
+        caption->setTextAlignment((columns[i].isNumber ? Qt::AlignRight : Qt::AlignLeft) |
+                                  Qt::AlignVCenter);
+        setHorizontalHeaderItem(i, caption);
         setColumnWidth(i, columns[i].width);
     }
     setSelectionBehavior(SelectRows);
@@ -21,7 +24,6 @@ PlainTable::PlainTable(const QList<Column> &columns, QWidget *parent)
     verticalHeader()->setDefaultSectionSize(30);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void PlainTable::setLines(const QList<Line> &lines) {

@@ -62,8 +62,8 @@ QPushButton *TF_Xtwh::makeButton(const MaintenanceService &service) {
         new QPushButton(themedIcon(service.icon), QStringLiteral("  ") + service.caption);
     button->setObjectName(service.formClass);
     button->setIconSize(QSize(24, 24));
-    button->setMinimumSize(176, 56);
-    button->setStyleSheet(QStringLiteral("text-align: left;"));
+    button->setAutoDefault(false);
+    button->setStyleSheet(QStringLiteral("text-align: left; min-width: 136px; min-height: 48px;"));
     if (!context().stage.isKnown(service.formClass)) {
         button->setEnabled(false);
         button->setToolTip(QStringLiteral("尚未提供"));

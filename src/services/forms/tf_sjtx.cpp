@@ -40,7 +40,9 @@ QWidget *TF_Sjtx::makeToday() {
     m_today = new PlainTable({{QStringLiteral("事项"), 136}, {QStringLiteral("内容"), 400}});
     m_today->setObjectName(QStringLiteral("gridToday"));
     connect(m_today, &QTableWidget::cellActivated, this, &TF_Sjtx::openToday);
-    return m_today;
+    auto *page = new QWidget;
+    (new QVBoxLayout(page))->addWidget(m_today);
+    return page;
 }
 
 QWidget *TF_Sjtx::makeSettings() {
