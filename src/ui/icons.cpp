@@ -7,7 +7,7 @@
 #include <QSvgRenderer>
 
 // The room is a library: without this the linker leaves the drawings out.
-static void loadDrawings() {
+static void initialise() {
     Q_INIT_RESOURCE(icons);
 }
 
@@ -16,12 +16,16 @@ namespace jxc {
 namespace {
 
 QString fileOf(const QString &name) {
-    static const bool loaded = (loadDrawings(), true);
-    Q_UNUSED(loaded)
+    loadIcons();
     return QStringLiteral(":/icons/%1.svg").arg(name);
 }
 
 } // namespace
+
+void loadIcons() {
+    static const bool loaded = (initialise(), true);
+    Q_UNUSED(loaded)
+}
 
 bool hasIcon(const QString &name) {
     return QFile::exists(fileOf(name));
