@@ -25,8 +25,8 @@ def title(document, partner):
     number = document["number"]
     rows = [
         text(0, 0, WIDTH, 6, "[company.c_name]", size=12, align="center"),
-        text(0, 6, WIDTH, 7, document["title"], size=15, bold=1, align="center"),
-        text(150, 7, 30, 5, "[var.again]", size=11, bold=1, align="right"),
+        text(60, 6, WIDTH - 120, 7, document["title"], size=15, bold=1, align="center"),
+        text(160, 7, 24, 5, "[var.again]", size=11, bold=1),
         text(185, 8, 32, 5, "第[page]页 共[pages]页", align="right"),
         text(0, 14, 88, 5, f"{partner}：[head.partner]", size=10),
         text(90, 14, 62, 5, "电话：[head.partner_tele]", size=10),
@@ -80,18 +80,20 @@ def page_footer(document):
     return band("pagefooter", 10, rows)
 
 
-def goods(line):
-    return [
+def goods(line, code=True, maker=28, name=42, spec=22):
+    """What stands before the figures; a maker of 0 leaves its column out."""
+    columns = [
         column("no", "序", 7, align="center"),
-        column("g_sn", "编号", 18),
-        column("g_name", "商品名称", 42, lines=2),
-        column("gg_name", "规格", 22),
-        column("g_sccs", "生产厂商", 28),
+        code and column("g_sn", "编号", 18),
+        column("g_name", "商品名称", name, lines=2),
+        column("gg_name", "规格", spec),
+        maker and column("g_sccs", "生产厂商", maker),
         column("t_ph", "批号", 21),
-        column("t_yxq", "有效期至", 19),
-        column("dw_name", "单位", 9, align="center"),
-        column(f"{line}_sl", "数量", 14, sum=1),
+        column("t_yxq", "有效期至", 20),
+        column("dw_name", "单位", 10, align="center"),
+        column(f"{line}_sl", "数量", 13, sum=1),
     ]
+    return [c for c in columns if c]
 
 
 def registration(document):
@@ -106,25 +108,20 @@ def plain_prices(line):
 
 def tax_prices(line):
     return [column(f"{line}_dj", "不含税价", 17), column(f"{line}_je", "金额", 18, sum=1),
-            column(f"{line}_tax", "税率%", 11), column(f"{line}_taxje", "税额", 15, sum=1),
+            column(f"{line}_tax", "税率", 9), column(f"{line}_taxje", "税额", 15, sum=1),
             column(f"{line}_zje", "价税合计", 20, sum=1)]
 
 
 def columns_of(document, prices):
     line = document["line"]
-    columns = goods(line)
-    if "retail" in prices:
-        columns.append(column(f"{line}_lsj", "零售价", 15))
-    if "tax" in prices:
-        # The maker gives way to the figures.
-        columns = [c for c in columns if "g_sccs" not in c]
-        columns += tax_prices(line)
-    elif "plain" in prices:
-        columns += plain_prices(line)
-    else:
-        columns += registration(document)
-        columns.append(column(document["note"], document["note_caption"], 26))
-    return columns
+    retail = [column(f"{line}_lsj", "零售价", 15)] if "retail" in prices else []
+    if "tax" in prices:  # maker and code give way to the figures
+        return goods(line, not retail, 0, 38, 20) + retail + tax_prices(line)
+    if "plain" in prices:
+        room = (22, 38, 19) if retail else (28, 42, 22)
+        return goods(line, True, *room) + retail + plain_prices(line)
+    last = column(document["note"], document["note_caption"], 30)
+    return goods(line, maker=26) + registration(document) + [last]
 
 
 def template(document, prices):

@@ -13,11 +13,16 @@ namespace jxc {
 namespace {
 
 constexpr qreal cellPadding = 0.8;
+/// A figure without its last digits would be a wrong one: it is set smaller until it fits.
+constexpr qreal smallestFigure = 4;
+/// A heading shrinks a little before it is cut.
+constexpr qreal leastShare = 0.7;
 
 /// A cell of a row before it has a place.
 struct Cell {
     QStringList lines;
     TextAlign align = TextAlign::left;
+    qreal size = 9;
 };
 using Cells = std::vector<Cell>;
 
@@ -108,18 +113,25 @@ private:
             const QString text = column.field.contains(u'[')
                                      ? fillIn(column.field, m_data, place, column.format)
                                      : m_data.shown(value, column.format);
-            cells.push_back({broken(text, i, column.lines, false), alignOf(column, value)});
+            cells.push_back(cellOf(text, i, value, false));
         }
         return cells;
     }
 
-    static TextAlign alignOf(const TableColumn &column, const PrintValue &value) {
-        return column.align.value_or(isNumber(value.kind) ? TextAlign::right : TextAlign::left);
+    /// A text is broken into the lines that its column allows; a figure always is one line.
+    Cell cellOf(const QString &text, size_t index, const PrintValue &value, bool bold) {
+        const TableColumn &column = table()->columns[index];
+        const qreal width = m_widths[index] - 2 * cellPadding;
+        const bool isFigure = isNumber(value.kind);
+        const qreal size =
+            isFigure ? m_measure.fittingSize(text, width, table()->size, bold, smallestFigure)
+                     : table()->size;
+        return {m_measure.broken(text, width, size, bold, isFigure ? 1 : column.lines),
+                alignOf(column, value), size};
     }
 
-    QStringList broken(const QString &text, size_t column, int lines, bool bold) {
-        return m_measure.broken(text, m_widths[column] - 2 * cellPadding, table()->size, bold,
-                                lines);
+    static TextAlign alignOf(const TableColumn &column, const PrintValue &value) {
+        return column.align.value_or(isNumber(value.kind) ? TextAlign::right : TextAlign::left);
     }
 
     void placePage(size_t index, const PageRows &rows, const std::vector<qreal> &heights) {
@@ -162,8 +174,8 @@ private:
         const qreal height = table()->rowHeight;
         Cells captions;
         for (size_t i = 0; i < m_widths.size(); ++i)
-            captions.push_back(
-                {broken(table()->columns[i].caption, i, 1, true), TextAlign::center});
+            captions.push_back(shrunk(table()->columns[i].caption, m_widths[i] - 2 * cellPadding,
+                                      table()->size, true, TextAlign::center));
         placeRow(captions, height, true);
         for (size_t line = rows.from; line < rows.to; ++line)
             placeRow(m_rows[line], heights[line], false);
@@ -182,8 +194,7 @@ private:
         for (size_t i = 0; i < m_widths.size(); ++i) {
             const TableColumn &column = table()->columns[i];
             const PrintValue sum = column.sum ? m_data.sum(column.field, from, to) : PrintValue();
-            cells.push_back(
-                {broken(m_data.shown(sum, column.format), i, 1, true), alignOf(column, sum)});
+            cells.push_back(cellOf(m_data.shown(sum, column.format), i, sum, true));
         }
         const size_t free =
             static_cast<size_t>(std::find_if(table()->columns.begin(), table()->columns.end(),
@@ -201,28 +212,35 @@ private:
         if (merged > 0) {
             const QRectF cell(m_form.margins.left(), m_y, x - m_form.margins.left(), height);
             page().rects.push_back(cell);
-            const QStringList lines =
-                m_measure.broken(word, cell.width() - 2 * cellPadding, table()->size, bold, 1);
-            placeLines(cell, {lines, TextAlign::center}, table()->size, bold);
+            placeLines(cell,
+                       shrunk(word, cell.width() - 2 * cellPadding, table()->size, bold,
+                              TextAlign::center),
+                       bold);
         }
         for (size_t i = merged; i < cells.size(); ++i) {
             const QRectF cell(x, m_y, m_widths[i], height);
             page().rects.push_back(cell);
-            placeLines(cell, cells[i], table()->size, bold);
+            placeLines(cell, cells[i], bold);
             x += m_widths[i];
         }
         m_y += height;
     }
 
+    /// One line, in smaller letters when they are too many.
+    Cell shrunk(const QString &text, qreal width, qreal size, bool bold, TextAlign align) {
+        const qreal fits = m_measure.fittingSize(text, width, size, bold, size * leastShare);
+        return {m_measure.broken(text, width, fits, bold, 1), align, fits};
+    }
+
     /// The lines of a cell, in the middle of its height.
-    void placeLines(const QRectF &area, const Cell &cell, qreal size, bool bold) {
-        const qreal line = lineHeight(size);
+    void placeLines(const QRectF &area, const Cell &cell, bool bold) {
+        const qreal line = lineHeight(cell.size);
         qreal y = area.center().y() - line * static_cast<qreal>(cell.lines.size()) / 2;
         for (const QString &text : cell.lines) {
             if (!text.isEmpty())
                 page().texts.push_back(
                     {QRectF(area.left() + cellPadding, y, area.width() - 2 * cellPadding, line),
-                     text, size, bold, cell.align});
+                     text, cell.size, bold, cell.align});
             y += line;
         }
     }
@@ -252,11 +270,14 @@ private:
             page().rects.push_back(area);
         const int lines =
             qMax(1, static_cast<int>(std::floor((area.height() + 0.01) / lineHeight(item.size))));
-        const qreal padding = item.border ? 2 * cellPadding : 0;
-        const QStringList texts = m_measure.broken(
-            filled(item.text, item.format), area.width() - padding, item.size, item.bold, lines);
+        const QString text = filled(item.text, item.format);
+        const qreal width = area.width() - (item.border ? 2 * cellPadding : 0);
+        const Cell cell = lines == 1
+                              ? shrunk(text, width, item.size, item.bold, item.align)
+                              : Cell{m_measure.broken(text, width, item.size, item.bold, lines),
+                                     item.align, item.size};
         const qreal inset = item.border ? 0 : -cellPadding;
-        placeLines(area.adjusted(inset, 0, -inset, 0), {texts, item.align}, item.size, item.bold);
+        placeLines(area.adjusted(inset, 0, -inset, 0), cell, item.bold);
     }
 
     /// What cannot be a barcode of that kind is printed as text, so that it can be typed.
@@ -276,9 +297,8 @@ private:
         const QRectF place(area.left(), area.bottom() - lineHeight(size), area.width(),
                            lineHeight(size));
         placeLines(place,
-                   {m_measure.broken(text, area.width() - 2 * cellPadding, size, false, 1),
-                    TextAlign::center},
-                   size, false);
+                   shrunk(text, area.width() - 2 * cellPadding, size, false, TextAlign::center),
+                   false);
     }
 
     Pages labels() {

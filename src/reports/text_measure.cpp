@@ -59,4 +59,13 @@ QStringList TextMeasure::broken(const QString &text, qreal width, qreal points, 
     return lines;
 }
 
+qreal TextMeasure::fittingSize(const QString &text, qreal width, qreal points, bool bold,
+                               qreal least) {
+    constexpr qreal step = 0.25;
+    while (points - step >= least &&
+           metrics(points, bold).horizontalAdvance(text) > width * dotsPerMm)
+        points -= step;
+    return points;
+}
+
 } // namespace jxc

@@ -26,6 +26,10 @@ public:
     [[nodiscard]] QStringList broken(const QString &text, qreal width, qreal points, bool bold,
                                      int atMost);
 
+    /// The largest size up to `points`, and not below `least`, in which the text fits on a line.
+    [[nodiscard]] qreal fittingSize(const QString &text, qreal width, qreal points, bool bold,
+                                    qreal least);
+
 private:
     const QFontMetricsF &metrics(qreal points, bool bold);
 
