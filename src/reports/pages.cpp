@@ -15,6 +15,7 @@ namespace {
 constexpr qreal cellPadding = 0.8;
 /// A figure without its last digits would be a wrong one: it is set smaller until it fits.
 constexpr qreal smallestFigure = 4;
+constexpr qreal savesALine = 0.85;
 /// A heading shrinks a little before it is cut.
 constexpr qreal leastShare = 0.7;
 
@@ -118,16 +119,18 @@ private:
         return cells;
     }
 
-    /// A text is broken into the lines that its column allows; a figure always is one line.
+    /// A figure always is one line. A text is set a little smaller when that saves a line, and
+    /// otherwise broken into as many as its column allows.
     Cell cellOf(const QString &text, size_t index, const PrintValue &value, bool bold) {
         const TableColumn &column = table()->columns[index];
-        const qreal width = m_widths[index] - 2 * cellPadding;
+        const qreal width = m_widths[index] - 2 * cellPadding, full = table()->size;
         const bool isFigure = isNumber(value.kind);
-        const qreal size =
-            isFigure ? m_measure.fittingSize(text, width, table()->size, bold, smallestFigure)
-                     : table()->size;
-        return {m_measure.broken(text, width, size, bold, isFigure ? 1 : column.lines),
-                alignOf(column, value), size};
+        const qreal size = m_measure.fittingSize(text, width, full, bold,
+                                                 isFigure ? smallestFigure : full * savesALine);
+        const TextAlign align = alignOf(column, value);
+        if (isFigure || m_measure.fits(text, width, size, bold))
+            return {m_measure.broken(text, width, size, bold, 1), align, size};
+        return {m_measure.broken(text, width, full, bold, column.lines), align, full};
     }
 
     static TextAlign alignOf(const TableColumn &column, const PrintValue &value) {

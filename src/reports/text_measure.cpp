@@ -62,8 +62,7 @@ QStringList TextMeasure::broken(const QString &text, qreal width, qreal points, 
 qreal TextMeasure::fittingSize(const QString &text, qreal width, qreal points, bool bold,
                                qreal least) {
     constexpr qreal step = 0.25;
-    while (points - step >= least &&
-           metrics(points, bold).horizontalAdvance(text) > width * dotsPerMm)
+    while (points - step >= least && !fits(text, width, points, bold))
         points -= step;
     return points;
 }

@@ -26,6 +26,9 @@ public:
     [[nodiscard]] QStringList broken(const QString &text, qreal width, qreal points, bool bold,
                                      int atMost);
 
+    [[nodiscard]] bool fits(const QString &text, qreal width, qreal points, bool bold) {
+        return metrics(points, bold).horizontalAdvance(text) <= width * dotsPerMm;
+    }
     /// The largest size up to `points`, and not below `least`, in which the text fits on a line.
     [[nodiscard]] qreal fittingSize(const QString &text, qreal width, qreal points, bool bold,
                                     qreal least);
