@@ -84,19 +84,6 @@ Assignments changedColumns(const MasterKind &kind, const Record &record) {
     return row;
 }
 
-/// Every column of a new row: nothing in the books is null.
-Assignments newRow(const MasterKind &kind, const Record &record) {
-    Assignments row;
-    for (const Column &column : table(kind.table).columns) {
-        const MasterField *field = kind.field(column.name);
-        QString text = record.text(column.name);
-        if (text.isEmpty() || (field != nullptr && field->keptByLedger))
-            text = emptyText(kind.table, column.name);
-        row.push_back({column.name, fieldValue(kind.table, column.name, text)});
-    }
-    return row;
-}
-
 void clearOtherDefaults(Database &db, const MasterKind &kind, const Record &record) {
     for (const MasterField &field : kind.fields)
         if (field.isSingle && record.flag(field.column))

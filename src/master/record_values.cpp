@@ -124,4 +124,16 @@ bool followPick(Database &db, const MasterField &field, Record &record) {
     return true;
 }
 
+Assignments newRow(const MasterKind &kind, const Record &record) {
+    Assignments row;
+    for (const Column &column : table(kind.table).columns) {
+        const MasterField *field = kind.field(column.name);
+        QString text = record.text(column.name);
+        if (text.isEmpty() || (field != nullptr && field->keptByLedger))
+            text = emptyText(kind.table, column.name);
+        row.push_back({column.name, fieldValue(kind.table, column.name, text)});
+    }
+    return row;
+}
+
 } // namespace jxc
