@@ -221,6 +221,14 @@ void DocumentEditor::openNumber(const QString &number) {
         prompter().inform(QStringLiteral("单据“%1”不存在！").arg(number), informCaption);
 }
 
+void DocumentEditor::takeSource(const QString &number) {
+    followSource(context(), m_spec, lines(), *m_header, m_base, number);
+    m_header->fillPartner(m_base.partner);
+    markChanged();
+    if (lines().rowCount() > 0)
+        m_table->edit(0, LineField::quantity);
+}
+
 Draft DocumentEditor::draft() const {
     Draft draft = m_base;
     m_header->collect(draft);
@@ -450,7 +458,11 @@ void DocumentEditor::btnDiscountClick() {
 
 void DocumentEditor::btnSourceClick() {
     chooseSource(context(), m_spec, lines(), *m_header, m_base, this);
+    if (m_spec.followsSource)
+        m_header->fillPartner(m_base.partner);
     markChanged();
+    if (lines().count() > 0)
+        m_table->edit(0, LineField::quantity);
 }
 
 void DocumentEditor::btnBatchClick() {

@@ -29,6 +29,8 @@ public:
     /// Opens a draft to edit, an approved document to read.
     void open(const Draft &draft);
     void openNumber(const QString &number);
+    /// Brings the open lines of a receipt or sale, as F9 does.
+    void takeSource(const QString &number);
 
     [[nodiscard]] HeaderPanel &header() { return *m_header; }
     [[nodiscard]] LineTable &table() { return *m_table; }

@@ -242,6 +242,15 @@ void HeaderPanel::fill(const Draft &draft) {
     showBalance();
 }
 
+void HeaderPanel::fillPartner(const QString &partner) {
+    pick(HeaderField::partner)->setCode(partner);
+}
+
+void HeaderPanel::fillWarehouse(const QString &warehouse) {
+    pick(HeaderField::warehouse)->setCode(warehouse);
+    Q_EMIT settingChanged();
+}
+
 void HeaderPanel::collect(Draft &draft) const {
     const auto text = [&](HeaderField field, QString &into) {
         if (auto *line = qobject_cast<QLineEdit *>(widget(field)))
