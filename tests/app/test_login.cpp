@@ -31,8 +31,7 @@ struct Door {
                                                    {QStringLiteral("r_sn"), u"100001"}});
         login = new TF_Login(registry.context(), callerWord, modeWord);
         login->showModal();
-        if (!QTest::qWaitForWindowActive(login))
-            qFatal("the login does not come to the front");
+        bringUp(login);
     }
     ~Door() { delete login; }
 

@@ -35,9 +35,7 @@ struct Desk {
         window->show();
         openSession(shop.session, u"admin"_qs, {});
         window->FormActivate();
-        window->activateWindow();
-        if (!QTest::qWaitForWindowActive(window.get()))
-            qFatal("the main window does not come to the front");
+        bringUp(window.get());
     }
     void addForm(const QString &name) {
         registry.add(name, [name](const FormContext &context, QWidget *parent) {
@@ -54,8 +52,8 @@ struct Desk {
         for (QWidget *widget : QApplication::topLevelWidgets())
             if (auto *form = qobject_cast<Form *>(widget); form != nullptr && form->isVisible()) {
                 form->close();
-                if (!QTest::qWaitForWindowActive(window.get()))
-                    qFatal("a form keeps the main window from coming back");
+                if (QApplication::activeModalWidget() == nullptr)
+                    bringUp(window.get());
                 return form->objectName();
             }
         return {};

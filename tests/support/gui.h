@@ -19,6 +19,21 @@ inline void typeText(QWidget *field, const QString &text) {
     QApplication::sendEvent(field, &event);
 }
 
+/// Brings a window to the front and waits until keys go to it.
+inline void bringUp(QWidget *window) {
+    if (window == nullptr)
+        qFatal("no window");
+    // What was activated before may still be on its way.
+    const bool isUp = QTest::qWaitFor([window] {
+        if (QApplication::activeWindow() == window)
+            return true;
+        window->activateWindow();
+        return false;
+    });
+    if (!isUp)
+        qFatal("%s does not come to the front", qPrintable(window->objectName()));
+}
+
 template<class Widget>
 Widget *child(QWidget &window, const QString &name) {
     auto *found = window.findChild<Widget *>(name);
