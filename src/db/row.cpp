@@ -19,6 +19,8 @@ QString Row::text(size_t index) const {
         return QString::number(*number);
     if (const auto *figure = std::get_if<double>(&cell))
         return Decimal::fromDouble(*figure).toText();
+    if (const auto *computed = std::get_if<Decimal>(&cell))
+        return computed->toText();
     return {};
 }
 
@@ -30,6 +32,8 @@ Decimal Row::decimal(size_t index) const {
         return Decimal::fromInteger(*number);
     if (const auto *text = std::get_if<QString>(&cell))
         return Decimal::fromText(*text);
+    if (const auto *computed = std::get_if<Decimal>(&cell))
+        return *computed;
     return {};
 }
 

@@ -9,8 +9,9 @@
 
 namespace jxc {
 
-/// A field as the engine gave it: null, whole number, number or text.
-using Cell = std::variant<std::monostate, qint64, double, QString>;
+/// A field as the engine gave it: null, whole number, number or text; or a figure that a query
+/// computed from what it read.
+using Cell = std::variant<std::monostate, qint64, double, QString, Decimal>;
 
 /// The column names of one result, shared by its rows.
 class Columns {

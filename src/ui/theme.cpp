@@ -131,12 +131,16 @@ QFrame[card="true"] { background: @surface; border: 1px solid @line; border-radi
 QFrame[footer="true"] { background: @surfaceAlt; border: 1px solid @line; border-top: none; }
 )");
     // Longer names first, or "@text" would eat the beginning of "@textQuiet".
-    const std::pair<const char *, const QColor &> colours[] = {
-        {"@accentQuiet", t.accentQuiet}, {"@accentText", t.accentText},
-        {"@surfaceAlt", t.surfaceAlt},   {"@textQuiet", t.textQuiet},
-        {"@surface", t.surface},         {"@accent", t.accent},
-        {"@window", t.window},           {"@danger", t.danger},
-        {"@line", t.line},               {"@text", t.text}};
+    const std::pair<const char *, const QColor &> colours[] = {{"@accentQuiet", t.accentQuiet},
+                                                               {"@accentText", t.accentText},
+                                                               {"@surfaceAlt", t.surfaceAlt},
+                                                               {"@textQuiet", t.textQuiet},
+                                                               {"@surface", t.surface},
+                                                               {"@accent", t.accent},
+                                                               {"@window", t.window},
+                                                               {"@danger", t.danger},
+                                                               {"@line", t.line},
+                                                               {"@text", t.text}};
     for (const auto &[name, colour] : colours)
         sheet.replace(QLatin1String(name), colour.name());
     return sheet;
@@ -145,20 +149,20 @@ QFrame[footer="true"] { background: @surfaceAlt; border: 1px solid @line; border
 } // namespace
 
 const Theme &Theme::light() {
-    static const Theme theme = {
-        QStringLiteral("浅色"), QColor(0xf4f6f5), QColor(0xffffff), QColor(0xf7f9f8),
-        QColor(0xd9dfdc),       QColor(0x1f2a25), QColor(0x5f6d66), QColor(0x1f7a4d),
-        QColor(0xffffff),       QColor(0xd8eee2), QColor(0xb3261e), QColor(0x9a5b00),
-        QColor(0x1f7a4d)};
+    static const Theme theme = {QStringLiteral("浅色"), QColor(0xf4f6f5), QColor(0xffffff),
+                                QColor(0xf7f9f8),       QColor(0xd9dfdc), QColor(0x1f2a25),
+                                QColor(0x5f6d66),       QColor(0x1f7a4d), QColor(0xffffff),
+                                QColor(0xd8eee2),       QColor(0xb3261e), QColor(0x9a5b00),
+                                QColor(0x1f7a4d)};
     return theme;
 }
 
 const Theme &Theme::dark() {
-    static const Theme theme = {
-        QStringLiteral("深色"), QColor(0x1b1f1d), QColor(0x232826), QColor(0x282e2b),
-        QColor(0x3c4440),       QColor(0xe6ebe8), QColor(0x9aa8a1), QColor(0x58c08a),
-        QColor(0x0f1c15),       QColor(0x2c463a), QColor(0xff8a80), QColor(0xf0b35a),
-        QColor(0x58c08a)};
+    static const Theme theme = {QStringLiteral("深色"), QColor(0x1b1f1d), QColor(0x232826),
+                                QColor(0x282e2b),       QColor(0x3c4440), QColor(0xe6ebe8),
+                                QColor(0x9aa8a1),       QColor(0x58c08a), QColor(0x0f1c15),
+                                QColor(0x2c463a),       QColor(0xff8a80), QColor(0xf0b35a),
+                                QColor(0x58c08a)};
     return theme;
 }
 

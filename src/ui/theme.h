@@ -10,10 +10,10 @@ namespace jxc {
 /// The program's one look in its two shades. Measures sit on a 4-pixel grid.
 struct Theme {
     QString name;
-    QColor window;      ///< behind everything
-    QColor surface;     ///< fields, grids, cards
-    QColor surfaceAlt;  ///< every second row, header of a grid
-    QColor line;        ///< borders
+    QColor window;     ///< behind everything
+    QColor surface;    ///< fields, grids, cards
+    QColor surfaceAlt; ///< every second row, header of a grid
+    QColor line;       ///< borders
     QColor text;
     QColor textQuiet;   ///< hints, captions of status
     QColor accent;      ///< the one colour that calls

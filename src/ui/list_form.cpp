@@ -1,0 +1,165 @@
+#include "ui/list_form.h"
+
+#include "core/prompter.h"
+#include "core/session.h"
+#include "ui/period_bar.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QSplitter>
+#include <QTimer>
+#include <QToolButton>
+
+namespace jxc {
+
+namespace {
+
+/// Longer than a gap between two keys of a typist, shorter than a wait.
+constexpr int searchDelay = 120;
+
+} // namespace
+
+ActionBar::ActionBar(QWidget *parent)
+    : QWidget(parent)
+    , m_layout(new QHBoxLayout(this)) {
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
+    m_layout->addStretch(1);
+}
+
+QAction *ActionBar::add(const QString &name, const QString &caption, const QKeySequence &key,
+                        std::function<void()> run) {
+    auto *action = new QAction(caption, parentWidget());
+    action->setObjectName(name);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, parentWidget(), std::move(run));
+    parentWidget()->addAction(action);
+    auto *button = new QToolButton(this);
+    button->setDefaultAction(action);
+    button->setFocusPolicy(Qt::NoFocus);
+    const QString hint = key.toString(QKeySequence::PortableText);
+    button->setText(hint.isEmpty() ? caption : QStringLiteral("%1 %2").arg(caption, hint));
+    // The action's own text would come back at every change of it.
+    connect(action, &QAction::changed, button, [button, action, hint] {
+        button->setText(hint.isEmpty() ? action->text()
+                                       : QStringLiteral("%1 %2").arg(action->text(), hint));
+    });
+    m_layout->insertWidget(m_layout->count() - 1, button);
+    return action;
+}
+
+void ActionBar::addSeparator() {
+    auto *line = new QFrame(this);
+    line->setFrameShape(QFrame::VLine);
+    line->setFixedHeight(20);
+    line->setEnabled(false);
+    m_layout->insertWidget(m_layout->count() - 1, line);
+}
+
+void ActionBar::addRight(QWidget *widget) {
+    m_layout->addWidget(widget);
+}
+
+void tellNoRow(Prompter &prompter) {
+    prompter.inform(QStringLiteral("请先选择一条记录！"), informCaption);
+}
+
+ListForm::ListForm(const FormContext &context, const QString &className, const QString &title)
+    : Form(context, className, title)
+    , m_actions(new ActionBar(this))
+    , m_search(new QLineEdit(this))
+    , m_filters(new QHBoxLayout)
+    , m_body(new QHBoxLayout)
+    , m_grid(new Grid(context, className, {}, this)) {
+    m_search->setPlaceholderText(QStringLiteral("查找 F3：编号、名称、简码"));
+    m_search->setFixedWidth(240);
+    m_search->setClearButtonEnabled(true);
+    m_search->setMaxLength(100);
+    m_actions->addRight(m_search);
+    m_grid->setTitle(title);
+    m_filters->setSpacing(8);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 8, 12, 12);
+    layout->setSpacing(8);
+    layout->addWidget(m_actions);
+    layout->addLayout(m_filters);
+    layout->addLayout(m_body, 1);
+    m_body->addWidget(m_grid, 1);
+
+    auto *find = new QAction(this);
+    find->setShortcut(Qt::Key_F3);
+    ListForm::QWidget::addAction(find);
+    connect(find, &QAction::triggered, this, [this] {
+        m_search->setFocus();
+        m_search->selectAll();
+    });
+    auto *delay = new QTimer(this);
+    delay->setSingleShot(true);
+    delay->setInterval(searchDelay);
+    connect(m_search, &QLineEdit::textEdited, delay, qOverload<>(&QTimer::start));
+    connect(delay, &QTimer::timeout, this, &ListForm::refresh);
+    connect(m_search, &QLineEdit::textChanged, this, [this, delay](const QString &text) {
+        if (text.isEmpty() && !delay->isActive())
+            refresh();
+    });
+    connect(m_search, &QLineEdit::returnPressed, this, [this, delay] {
+        delay->stop();
+        refresh();
+        m_grid->setFocus();
+    });
+    resize(1280, 680);
+}
+
+void ListForm::FormActivate() {
+    refresh();
+    m_grid->setFocus();
+}
+
+void ListForm::refresh() {
+    const QString key = m_goTo.isEmpty() ? m_grid->currentText(m_keyField) : m_goTo;
+    m_goTo.clear();
+    m_grid->setRows(read(m_search->text().trimmed()));
+    m_grid->goTo(m_keyField, key);
+}
+
+void ListForm::setColumns(ColumnSpecs columns, const QString &keyField) {
+    m_keyField = keyField;
+    m_grid->setColumns(std::move(columns));
+}
+
+QAction *ListForm::addAction(const QString &name, const QString &caption, const QKeySequence &key,
+                             std::function<void()> run, bool needsRow) {
+    QAction *action = m_actions->add(name, caption, key, [this, needsRow, run = std::move(run)] {
+        if (needsRow && m_grid->current() == nullptr)
+            tellNoRow(prompter());
+        else
+            run();
+    });
+    m_grid->setOwnActions(actions().parentWidget()->actions());
+    return action;
+}
+
+void ListForm::addCommonActions() {
+    m_actions->addSeparator();
+    addAction(QStringLiteral("btnPrint"), QStringLiteral("打印"), Qt::Key_F12,
+              [this] { m_grid->print(); });
+    addAction(QStringLiteral("btnExport"), QStringLiteral("导出"),
+              QKeySequence(QStringLiteral("Ctrl+E")), [this] { m_grid->chooseExport(); });
+    // Esc also ends a filter or a search first, so it is no shortcut: the form hears it last.
+    addAction(QStringLiteral("btnExit"), QStringLiteral("退出"), {}, [this] { reject(); });
+}
+
+void ListForm::setSide(QWidget *side, int width) {
+    side->setFixedWidth(width);
+    m_body->insertWidget(0, side);
+}
+
+PeriodBar *ListForm::addPeriodBar(int firstChoice) {
+    auto *bar = new PeriodBar(session().today(), static_cast<PeriodChoice>(firstChoice), this);
+    m_filters->addWidget(bar);
+    m_filters->addStretch(1);
+    connect(bar, &PeriodBar::periodChanged, this, &ListForm::refresh);
+    return bar;
+}
+
+} // namespace jxc
