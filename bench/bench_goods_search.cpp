@@ -2,6 +2,7 @@
 #include "base/pinyin.h"
 #include "core/session.h"
 #include "db/transaction.h"
+#include "master/finders.h"
 #include "master/goods_search.h"
 #include "support/test_database.h"
 
@@ -56,6 +57,39 @@ void measure(GoodsFinder &finder, const QString &typed) {
                 times[times.size() / 2], times.back());
 }
 
+void fillCustomers(Database &db, int count) {
+    std::vector<Values> rows;
+    for (int i = 0; i < count; ++i) {
+        const QString name = QStringLiteral("%1庄%2组王%3")
+                                 .arg(heads()[i % heads().size()].left(1))
+                                 .arg(i % 90)
+                                 .arg(i);
+        rows.push_back({QString::number(200'000 + i), name, pinyinInitials(name),
+                        QString::number(13'800'000'000 + i), QStringLiteral("东乡"), i % 70, 0});
+    }
+    Transaction transaction(db);
+    db.insertRows(QStringLiteral("jxc_khxx"),
+                  {QStringLiteral("kh_sn"), QStringLiteral("kh_name"), QStringLiteral("kh_jm"),
+                   QStringLiteral("kh_tele"), QStringLiteral("kh_address"), QStringLiteral("kh_pl"),
+                   QStringLiteral("kh_forbid")},
+                  rows);
+    transaction.commit();
+}
+
+void measureCustomers(Session &session, const QString &typed) {
+    std::vector<double> times;
+    size_t hits = 0;
+    for (int i = 0; i < 15; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        hits = findNamed(session, Sought::customer, typed).size();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("  customer %-10s %2zu hits  median %6.2f ms  worst %6.2f ms\n", qPrintable(typed),
+                hits, times[times.size() / 2], times.back());
+}
+
 } // namespace
 
 int main() {
@@ -79,5 +113,10 @@ int main() {
         for (const char16_t *typed : {u"c", u"cg", u"cgl1", u"草", u"县农药厂29", u"PD2005",
                                       u"1005", u"6900000050000", u"zzz"})
             measure(finder, QString::fromUtf16(typed));
+        fillCustomers(place.db(), 20'000);
+        const FixedClock clock(QDateTime(QDate(2026, 3, 31), QTime(9, 0)));
+        Session session(place.db(), clock);
+        for (const char16_t *typed : {u"", u"c", u"cz1", u"王199", u"1380001", u"zzz"})
+            measureCustomers(session, QString::fromUtf16(typed));
     }
 }

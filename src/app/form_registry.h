@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/session.h"
+#include "master/goods_search.h"
 #include "ui/form.h"
 
 #include <QHash>
@@ -15,7 +17,8 @@ public:
     using DocumentOpener = std::function<void(const QString &number)>;
 
     FormRegistry(Session &session, Prompter &prompter, const QString &home)
-        : m_context{session, prompter, *this, home} {}
+        : m_goods(session.db())
+        , m_context{session, prompter, *this, m_goods, home} {}
 
     /// Makes a form of this program known by its class name.
     template<class FormClass>
@@ -47,6 +50,7 @@ public:
     void forgetHiddenForms();
 
 private:
+    GoodsFinder m_goods;
     FormContext m_context;
     QPointer<QWidget> m_owner;
     QHash<QString, Maker> m_makers;

@@ -20,6 +20,7 @@ ExitCode approve(Context &);
 ExitCode cancel(Context &);
 ExitCode batch(Context &);
 ExitCode verify(Context &);
+ExitCode importFile(Context &);
 ExitCode backup(Context &);
 ExitCode restore(Context &);
 ExitCode copy(Context &);

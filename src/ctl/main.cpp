@@ -21,6 +21,10 @@ const std::vector<Command> &commands() {
         {QStringLiteral("batch"), QStringLiteral("FILE|-  逐行执行 approve NUMBER / cancel NUMBER"),
          batch},
         {QStringLiteral("verify"), QStringLiteral("[--all]  用已审核单据核对全部帐目"), verify},
+        {QStringLiteral("import"),
+         QStringLiteral("goods|suppliers|customers FILE [--update]  从 xlsx、xls 或 csv "
+                        "导入；已存在的跳过或更新"),
+         importFile},
         {QStringLiteral("backup"), QStringLiteral("[DIR]  备份，其他人可以继续工作"), backup},
         {QStringLiteral("restore"), QStringLiteral("FILE  先检查再恢复，并保留被替换的数据"),
          restore},

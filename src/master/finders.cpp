@@ -5,7 +5,9 @@
 #include "core/rights.h"
 #include "core/session.h"
 #include "db/database.h"
+#include "db/like.h"
 
+#include <QSet>
 #include <algorithm>
 
 namespace jxc {
@@ -79,90 +81,124 @@ QString selected(const QString &column, const char16_t *empty, const char16_t *a
         .arg(column.isEmpty() ? QString::fromUtf16(empty) : column, QString::fromUtf16(as));
 }
 
-/// A row with what it was matched by.
-struct Candidate {
-    Found found;
-    QString contact;
-    qint64 usual = 0;
-    bool exact = false;
+/// Which rows are read, and in what order.
+struct Narrowing {
+    QStringList conditions;
+    QStringList order;
+    Values values;
 };
 
-std::vector<Candidate> candidates(const Session &session, const Source &source) {
+void narrowToAllowed(const Session &session, const Source &source, Narrowing &narrowing) {
+    if (!source.disabled.isEmpty())
+        narrowing.conditions << QStringLiteral("coalesce(%1,0)=0").arg(source.disabled);
+    if (!source.warehouses.isEmpty() && isWarehouseRestricted(session)) {
+        narrowing.conditions << source.warehouses;
+        narrowing.values.emplace_back(QString(u'%' + session.currentOperatorNo + u'%'));
+    }
+}
+
+/// A shop may have many thousands of customers: the engine leaves out what does not match.
+void narrowToTyped(const Source &source, const QSet<QString> &texts, Narrowing &narrowing) {
+    QStringList alternatives;
+    const auto add = [&](const QString &column, bool fromBeginning) {
+        if (column.isEmpty())
+            return;
+        for (const QString &text : texts) {
+            alternatives << contains(column);
+            narrowing.values.emplace_back(containsPattern(text).mid(fromBeginning ? 1 : 0));
+        }
+    };
+    add(source.code, true);
+    add(source.mnemonic, true);
+    for (const QString &column : {source.name, source.contact, source.phone, source.address})
+        add(column, false);
+    narrowing.conditions << u'(' + alternatives.join(QStringLiteral(" or ")) + u')';
+}
+
+/// Exactly what was typed first, then the default, then the usual ones.
+void rank(const Source &source, const QSet<QString> &exactly, Narrowing &narrowing) {
+    for (const QString &text : exactly)
+        for (const QString &column : {source.code, source.name, source.mnemonic})
+            if (!column.isEmpty()) {
+                narrowing.order
+                    << QStringLiteral("case when lower(%1)=lower(?) then 0 else 1 end").arg(column);
+                narrowing.values.emplace_back(text);
+            }
+    for (const QString &column : {source.isDefault, source.usual})
+        if (!column.isEmpty())
+            narrowing.order << QStringLiteral("coalesce(%1,0) desc").arg(column);
+    narrowing.order << QStringLiteral("id");
+}
+
+/// The rows, at most so many; 0: all.
+std::vector<Found> read(const Session &session, const Source &source, const Narrowing &narrowing,
+                        size_t most) {
     QString sql = QStringLiteral("select id,%1 as code,%2 as name,").arg(source.code, source.name) +
                   QStringList{selected(source.mnemonic, u"''", u"mnemonic"),
-                              selected(source.contact, u"''", u"contact"),
                               selected(source.phone, u"''", u"phone"),
                               selected(source.address, u"''", u"address"),
                               selected(source.balance, u"0", u"balance"),
-                              selected(source.usual, u"0", u"usual"),
                               selected(source.isDefault, u"0", u"proposed")}
                       .join(u',') +
                   QStringLiteral(" from %1").arg(source.table);
-    QStringList conditions;
-    Values values;
-    if (!source.disabled.isEmpty())
-        conditions << QStringLiteral("coalesce(%1,0)=0").arg(source.disabled);
-    if (!source.warehouses.isEmpty() && isWarehouseRestricted(session)) {
-        conditions << source.warehouses;
-        values.emplace_back(QString(u'%' + session.currentOperatorNo + u'%'));
-    }
-    if (!conditions.isEmpty())
-        sql += QStringLiteral(" where ") + conditions.join(QStringLiteral(" and "));
-    std::vector<Candidate> rows;
-    for (const Row &row : session.db().rows(sql + QStringLiteral(" order by id"), values))
-        rows.push_back({{row.integer(u"id"), row.text(u"code"), row.text(u"name"),
-                         row.text(u"mnemonic"), row.text(u"phone"), row.text(u"address"),
-                         row.decimal(u"balance"), row.flag(u"proposed")},
-                        row.text(u"contact"),
-                        row.integer(u"usual")});
+    if (!narrowing.conditions.isEmpty())
+        sql += QStringLiteral(" where ") + narrowing.conditions.join(QStringLiteral(" and "));
+    sql += QStringLiteral(" order by ") + narrowing.order.join(u',');
+    if (most > 0)
+        sql += QStringLiteral(" limit %1").arg(most);
+    std::vector<Found> rows;
+    for (const Row &row : session.db().rows(sql, narrowing.values))
+        rows.push_back({row.integer(u"id"), row.text(u"code"), row.text(u"name"),
+                        row.text(u"mnemonic"), row.text(u"phone"), row.text(u"address"),
+                        row.decimal(u"balance"), row.flag(u"proposed")});
     return rows;
 }
 
-bool matches(Candidate &candidate, const QString &light, const QString &words) {
-    const Found &found = candidate.found;
-    const auto is = [&](const QString &text) {
-        return text.compare(light, Qt::CaseInsensitive) == 0;
-    };
-    candidate.exact = is(found.code) || is(found.name) || found.name == words ||
-                      (!found.mnemonic.isEmpty() && is(found.mnemonic));
-    if (candidate.exact || found.code.startsWith(light, Qt::CaseInsensitive) ||
-        found.mnemonic.startsWith(light, Qt::CaseInsensitive))
-        return true;
-    for (const QString &text : {found.name, found.phone, found.address, candidate.contact})
-        if (text.contains(light, Qt::CaseInsensitive) || text.contains(words, Qt::CaseInsensitive))
-            return true;
-    return initialsMatch(found.name, light);
+/// Who may be chosen as what, and in which warehouses.
+void leaveChoosable(const Session &session, EmployeeDuty duty, std::vector<Found> &rows) {
+    QSet<qint64> choosable;
+    for (const Employee &employee : listEmployees(session, duty))
+        choosable.insert(employee.id);
+    std::erase_if(rows, [&](const Found &row) { return !choosable.contains(row.id); });
+}
+
+std::vector<Found> matching(const Session &session, const Source &source, const QString &typed,
+                            size_t most) {
+    Narrowing narrowing;
+    narrowToAllowed(session, source, narrowing);
+    const QSet<QString> texts{sanitizeSqlTextLight(typed), sanitizeSqlText(typed)};
+    narrowToTyped(source, texts, narrowing);
+    rank(source, texts, narrowing);
+    return read(session, source, narrowing, most);
+}
+
+/// All that may be chosen, or the usual ones of them.
+std::vector<Found> allowed(const Session &session, const Source &source, size_t most) {
+    Narrowing narrowing;
+    narrowToAllowed(session, source, narrowing);
+    rank(source, {}, narrowing);
+    return read(session, source, narrowing, most);
 }
 
 } // namespace
 
 std::vector<Found> findNamed(const Session &session, Sought what, const QString &typed,
                              EmployeeDuty duty) {
-    std::vector<Candidate> rows = candidates(session, sourceOf(what, duty));
-    if (what == Sought::employee) { // who may be chosen as what, and in which warehouses
-        std::vector<Candidate> chosen;
-        for (const Employee &employee : listEmployees(session, duty))
-            for (const Candidate &row : rows)
-                if (row.found.id == employee.id)
-                    chosen.push_back(row);
-        rows = chosen;
-    }
+    const Source source = sourceOf(what, duty);
+    // Employees are few, and some of them may not be chosen here.
+    const size_t most = what == Sought::employee ? 0 : mostFound;
     const QString text = typed.trimmed();
-    if (!text.isEmpty()) {
-        const QString light = sanitizeSqlTextLight(text);
-        const QString words = sanitizeSqlText(text);
-        std::erase_if(rows, [&](Candidate &row) { return !matches(row, light, words); });
+    std::vector<Found> found =
+        text.isEmpty() ? allowed(session, source, most) : matching(session, source, text, most);
+    if (found.empty() && !text.isEmpty()) {
+        // Nothing has that name or code: perhaps another reading of its characters was meant.
+        found = allowed(session, source, 0);
+        std::erase_if(found, [&](const Found &row) { return !initialsMatch(row.name, text); });
     }
-    std::stable_sort(rows.begin(), rows.end(), [](const Candidate &a, const Candidate &b) {
-        return std::make_tuple(!a.exact, !a.found.isDefault, -a.usual) <
-               std::make_tuple(!b.exact, !b.found.isDefault, -b.usual);
-    });
-    std::vector<Found> found;
-    for (const Candidate &row : rows) {
-        if (found.size() == mostFound)
-            break;
-        found.push_back(row.found);
-    }
+    if (what == Sought::employee)
+        leaveChoosable(session, duty, found);
+    if (found.size() > mostFound)
+        found.resize(mostFound);
     return found;
 }
 

@@ -26,15 +26,18 @@ std::optional<Row> pickedRow(Database &db, const Pick &pick, const QString &valu
                   {fieldValue(pick.table, pick.valueColumn, value)});
 }
 
-bool followList(Database &db, const Pick &pick, const QString &values, Record &record) {
+bool followList(Database &db, const MasterField &field, Record &record) {
+    QString values;
     QString names;
-    for (const QString &value : listValues(values)) {
-        const auto row = pickedRow(db, pick, value);
+    for (const QString &value : listValues(record.text(field.column))) {
+        const auto row = pickedRow(db, field.pick, value);
         if (!row)
             return false;
+        values += value + u',';
         names += row->text(u"name") + u',';
     }
-    record.set(pick.shownAs, names);
+    record.set(field.column, values);
+    record.set(field.pick.shownAs, names);
     return true;
 }
 
@@ -80,7 +83,8 @@ QString emptyText(const QString &table, const QString &columnName) {
 
 QStringList writtenColumns(const MasterKind &kind, const MasterField &field) {
     QStringList columns{field.column};
-    for (const QString &following : {field.pick.shownAs, field.pick.copiedTo, field.choiceText})
+    for (const QString &following :
+         {field.pick.shownAs, field.pick.copiedTo, field.choiceText, field.follower})
         if (!following.isEmpty() && column(kind.table, following) != nullptr)
             columns << following;
     return columns;
@@ -99,9 +103,9 @@ bool followPick(Database &db, const MasterField &field, Record &record) {
     const Pick &pick = field.pick;
     if (pick.table.isEmpty())
         return true;
-    const QString value = record.text(field.column);
     if (pick.several)
-        return followList(db, pick, value, record);
+        return followList(db, field, record);
+    const QString value = record.text(field.column);
     QString name;
     QString copied;
     if (!value.isEmpty() && value == pick.forAll) {
@@ -118,6 +122,18 @@ bool followPick(Database &db, const MasterField &field, Record &record) {
     if (!pick.copiedTo.isEmpty())
         record.set(pick.copiedTo, copied);
     return true;
+}
+
+Assignments newRow(const MasterKind &kind, const Record &record) {
+    Assignments row;
+    for (const Column &column : table(kind.table).columns) {
+        const MasterField *field = kind.field(column.name);
+        QString text = record.text(column.name);
+        if (text.isEmpty() || (field != nullptr && field->keptByLedger))
+            text = emptyText(kind.table, column.name);
+        row.push_back({column.name, fieldValue(kind.table, column.name, text)});
+    }
+    return row;
 }
 
 } // namespace jxc

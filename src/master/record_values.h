@@ -27,6 +27,9 @@ class Record;
 /// What finds a value in such a list after ',' was put before it.
 [[nodiscard]] QString listPattern(const QString &value);
 
+/// Every column of a new row: nothing in the books is null.
+[[nodiscard]] Assignments newRow(const MasterKind &kind, const Record &record);
+
 /// Fills the texts that follow from a picked or chosen value: names, copied columns. False when a
 /// picked value does not exist (any more).
 [[nodiscard]] bool followPick(Database &db, const MasterField &field, Record &record);

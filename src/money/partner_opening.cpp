@@ -11,12 +11,6 @@ namespace {
 
 const QString openingCode = QStringLiteral("QC");
 
-Partner partnerOf(const MasterKind &kind, const Record &record) {
-    return {kind.table == QLatin1String("jxc_khxx") ? Partner::Kind::customer
-                                                    : Partner::Kind::supplier,
-            record.text(kind.codeColumn)};
-}
-
 const MasterField &openingField(const MasterKind &kind) {
     for (const MasterField &field : kind.fields)
         if (field.keptByLedger)
@@ -28,6 +22,14 @@ std::optional<Row> openingRow(Database &db, const Partner &partner) {
     return db.row(QStringLiteral("select k_rq,k_qcje from jxc_ysyfk where k_type=? and k_ghskh=? "
                                  "and k_djlx=? order by id"),
                   {partner.type(), partner.number, openingCode});
+}
+
+} // namespace
+
+Partner openingPartner(const MasterKind &kind, const Record &record) {
+    return {kind.table == QLatin1String("jxc_khxx") ? Partner::Kind::customer
+                                                    : Partner::Kind::supplier,
+            record.text(kind.codeColumn)};
 }
 
 void replaceOpening(Session &session, const Partner &partner, Decimal amount) {
@@ -50,8 +52,6 @@ void replaceOpening(Session &session, const Partner &partner, Decimal amount) {
     addPartnerEntry(db, entry);
 }
 
-} // namespace
-
 bool openingIsOpen(Database &db, const Partner &partner) {
     return !db.exists(QStringLiteral("select id from jxc_ysyfk where k_type=? and k_ghskh=? and "
                                      "coalesce(k_djlx,'')<>? limit 1"),
@@ -62,7 +62,7 @@ std::optional<Record> loadPartner(const Session &session, const MasterKind &kind
     auto record = loadRecord(session, kind, id);
     if (!record)
         return record;
-    const Partner partner = partnerOf(kind, *record);
+    const Partner partner = openingPartner(kind, *record);
     // A debt of older books that stands in the partner's own row alone is its opening too.
     const auto opening = openingRow(session.db(), partner);
     const QString column = openingField(kind).column;
@@ -80,7 +80,7 @@ void savePartnerInTransaction(Session &session, const MasterKind &kind, Record &
     const bool wasNew = work.isNew();
     const QString before = work.stored(field.column);
     saveRecordInTransaction(session, kind, work);
-    const Partner partner = partnerOf(kind, work);
+    const Partner partner = openingPartner(kind, work);
     const Decimal amount = work.decimal(field.column);
     if (wasNew ? !amount.isZero() : amount != Decimal::fromText(before)) {
         if (!openingIsOpen(session.db(), partner))

@@ -14,6 +14,13 @@ struct MasterKind;
 /// partner's ledger.
 [[nodiscard]] bool openingIsOpen(Database &db, const Partner &partner);
 
+/// The partner that a record of jxc_ghsxx or jxc_khxx is.
+[[nodiscard]] Partner openingPartner(const MasterKind &kind, const Record &record);
+
+/// Puts another opening row (none for 0) in the place of the partner's, dated as that one was, else
+/// today; the balances follow. Inside a transaction.
+void replaceOpening(Session &session, const Partner &partner, Decimal amount);
+
 /// As loadRecord; 期初应付 or 期初应收 is what the ledger opened with.
 [[nodiscard]] std::optional<Record> loadPartner(const Session &session, const MasterKind &kind,
                                                 qint64 id);

@@ -184,7 +184,7 @@ private:
             line.discount = Decimal::fromMicros(950'000);
         if (goods.restricted) {
             line.buyer = QStringLiteral("登记购买人");
-            line.identityNo = QStringLiteral("999999200001010010");
+            line.identityNo = QStringLiteral("999999200001010011");
             line.mobile = QStringLiteral("12000000000");
             line.use = QStringLiteral("大田防治");
         }

@@ -10,6 +10,8 @@ namespace {
 const QString stockTable = QStringLiteral("jxc_kcsp");
 const QString batchTable = QStringLiteral("jxc_tkc");
 const QString goodsTable = QStringLiteral("jxc_goods");
+const QString bookCaption = QStringLiteral("帐面库存 kc_zsl ");
+const QString physicalCaption = QStringLiteral("实际库存 kc_sl ");
 
 /// The figure kept for a key, 0 when there is none.
 template<class Map>
@@ -72,22 +74,57 @@ DueStock::KeptStock DueStock::keptStock(Database &db) {
     return kept;
 }
 
-void DueStock::check(Database &db, Findings &findings) const {
-    checkStock(db, findings);
-    checkBatches(db, findings);
-    checkGoods(db, findings);
+std::vector<StockDifference> DueStock::differences(Database &db) const {
+    std::vector<StockDifference> all;
+    compareStock(db, all);
+    compareBatches(db, all);
+    compareGoods(db, all);
+    return all;
 }
 
-void DueStock::checkStock(Database &db, Findings &findings) const {
+void DueStock::check(Database &db, Findings &findings) const {
+    const std::vector<StockDifference> all = differences(db);
+    for (size_t i = 0; i < all.size(); ++i) {
+        const StockDifference &d = all[i];
+        const auto line = [&](const QString &store, const QString &key, const QString &caption) {
+            findings.add(store, key, key + u'：' + compared(caption, d.found, d.due));
+        };
+        switch (d.figure) {
+        case StockDifference::Figure::book: {
+            // Both figures of a stock row are one difference.
+            QString text = compared(bookCaption, d.found, d.due);
+            const bool both = i + 1 < all.size() && all[i + 1].place == d.place &&
+                              all[i + 1].figure == StockDifference::Figure::physical;
+            if (both) {
+                ++i;
+                text += QStringLiteral("；") + compared(physicalCaption, all[i].found, all[i].due);
+            }
+            findings.add(stockTable, d.place.text(), d.place.text() + u'：' + text);
+            break;
+        }
+        case StockDifference::Figure::physical:
+            line(stockTable, d.place.text(), physicalCaption);
+            break;
+        case StockDifference::Figure::batch:
+            line(batchTable, d.place.text() + u' ' + d.batch.text(),
+                 QStringLiteral("批号库存 t_sl "));
+            break;
+        case StockDifference::Figure::goods:
+            line(goodsTable, QStringLiteral("商品 %1").arg(d.place.goods),
+                 QStringLiteral("库存合计 g_kc "));
+            break;
+        }
+    }
+}
+
+void DueStock::compareStock(Database &db, std::vector<StockDifference> &all) const {
+    using Figure = StockDifference::Figure;
     const KeptStock kept = keptStock(db);
     const auto compare = [&](const StockPlace &place, const Kept &found, const Stock &due) {
-        QStringList wrong = {
-            compared(QStringLiteral("帐面库存 kc_zsl "), found.book, due.book),
-            compared(QStringLiteral("实际库存 kc_sl "), found.physical, due.physical)};
-        wrong.removeAll(QString());
-        if (!wrong.isEmpty())
-            findings.add(stockTable, place.text(),
-                         place.text() + u'：' + wrong.join(QStringLiteral("；")));
+        if (found.book != due.book)
+            all.push_back({Figure::book, place, {}, found.book, due.book});
+        if (found.physical != due.physical)
+            all.push_back({Figure::physical, place, {}, found.physical, due.physical});
     };
     for (const auto &[place, due] : m_stock)
         compare(place, valueOf(kept, place), due);
@@ -96,7 +133,7 @@ void DueStock::checkStock(Database &db, Findings &findings) const {
             compare(place, found, {});
 }
 
-void DueStock::checkBatches(Database &db, Findings &findings) const {
+void DueStock::compareBatches(Database &db, std::vector<StockDifference> &all) const {
     std::map<StockPlace, std::map<BatchText, Decimal>> kept;
     eachRow(db,
             {.select = QStringLiteral("id,g_sn,ck_sn,t_ph,t_yxq,t_scrq,t_sl"),
@@ -108,10 +145,8 @@ void DueStock::checkBatches(Database &db, Findings &findings) const {
             });
     const auto compare = [&](const StockPlace &place, const BatchText &batch, Decimal found,
                              Decimal due) {
-        const QString wrong = compared(QStringLiteral("批号库存 t_sl "), found, due);
-        const QString key = place.text() + u' ' + batch.text();
-        if (!wrong.isEmpty())
-            findings.add(batchTable, key, key + u'：' + wrong);
+        if (found != due)
+            all.push_back({StockDifference::Figure::batch, place, batch, found, due});
     };
     for (const auto &[place, stock] : m_stock) {
         const auto found = valueOf(kept, place);
@@ -126,7 +161,7 @@ void DueStock::checkBatches(Database &db, Findings &findings) const {
     }
 }
 
-void DueStock::checkGoods(Database &db, Findings &findings) const {
+void DueStock::compareGoods(Database &db, std::vector<StockDifference> &all) const {
     std::map<QString, Decimal> due;
     for (const auto &[place, stock] : m_stock)
         due[place.goods] += stock.physical;
@@ -139,10 +174,8 @@ void DueStock::checkGoods(Database &db, Findings &findings) const {
              .values = {discountGoods}},
             [&](const Row &row) { kept.try_emplace(row.text(u"g_sn"), row.decimal(u"g_kc")); });
     const auto compare = [&](const QString &goods, Decimal found, Decimal expected) {
-        const QString wrong = compared(QStringLiteral("库存合计 g_kc "), found, expected);
-        if (!wrong.isEmpty())
-            findings.add(goodsTable, QStringLiteral("商品 %1").arg(goods),
-                         QStringLiteral("商品 %1：%2").arg(goods, wrong));
+        if (found != expected)
+            all.push_back({StockDifference::Figure::goods, {goods, {}}, {}, found, expected});
     };
     for (const auto &[goods, expected] : due)
         compare(goods, valueOf(kept, goods), expected);

@@ -37,6 +37,15 @@ struct BatchText {
     friend bool operator==(const BatchText &, const BatchText &) = default;
 };
 
+/// One stored figure of the stock that is not what the documents make it.
+struct StockDifference {
+    enum class Figure { book, physical, batch, goods };
+    Figure figure = Figure::book;
+    StockPlace place; ///< of `goods`: without a warehouse
+    BatchText batch{};
+    Decimal found{}, due{};
+};
+
 /// What the stock must be by the documents and opening rows.
 class DueStock {
 public:
@@ -45,7 +54,9 @@ public:
     /// Goods that came (positive) or went.
     void move(const StockPlace &place, const BatchText &batch, Decimal quantity);
 
-    /// Holds jxc_kcsp, jxc_tkc and jxc_goods.g_kc against it.
+    /// Where jxc_kcsp, jxc_tkc and jxc_goods.g_kc differ from it.
+    [[nodiscard]] std::vector<StockDifference> differences(Database &db) const;
+    /// The same in words.
     void check(Database &db, Findings &findings) const;
     /// Informs of costs in force that differ from the journal's.
     void compareCosts(Database &db, int priceDecimals, Findings &findings) const;
@@ -62,9 +73,9 @@ private:
     using KeptStock = std::map<StockPlace, Kept>;
 
     [[nodiscard]] static KeptStock keptStock(Database &db);
-    void checkStock(Database &db, Findings &findings) const;
-    void checkBatches(Database &db, Findings &findings) const;
-    void checkGoods(Database &db, Findings &findings) const;
+    void compareStock(Database &db, std::vector<StockDifference> &all) const;
+    void compareBatches(Database &db, std::vector<StockDifference> &all) const;
+    void compareGoods(Database &db, std::vector<StockDifference> &all) const;
 
     std::map<StockPlace, Stock> m_stock;
 };

@@ -81,8 +81,9 @@ private:
         add(QStringLiteral("a.ck_sn=?"), m_filter.warehouse);
         add(QStringLiteral("a.%1=?").arg(m_columns.partner), m_filter.partner);
         add(QStringLiteral("a.a_name=?"), m_filter.operatorName);
-        add(QStringLiteral("exists (select 1 from %1 b where b.%2=a.%2 and b.g_sn=?)")
-                .arg(m_kind.lineTable, m_kind.numberColumn),
+        // Not "exists": the engine would go through all lines of the goods for every document.
+        add(QStringLiteral("a.%1 in (select %1 from %2 where g_sn=?)")
+                .arg(m_kind.numberColumn, m_kind.lineTable),
             m_filter.goods);
         search();
     }

@@ -11,11 +11,11 @@ class Session;
 
 /// Which documents a list shows. Empty texts narrow nothing.
 struct DocumentFilter {
-    QString code;                                    ///< CJ, CT, RK, XS, XT or CK
-    bool approved = false;                           ///< 已审核 or 待审核
-    QString fromDate, toDate;                        ///< "yyyy-MM-dd", both included
-    QString warehouse, partner, operatorName, goods; ///< numbers; the operator by name
-    QString search;                                  ///< part of number, partner's name or note
+    QString code;                                            ///< CJ, CT, RK, XS, XT or CK
+    bool approved = false;                                   ///< 已审核 or 待审核
+    QString fromDate{}, toDate{};                            ///< "yyyy-MM-dd", both included
+    QString warehouse{}, partner{}, operatorName{}, goods{}; ///< numbers; the operator by name
+    QString search{}; ///< part of number, partner's name or note
 };
 
 /// A row of the upper grid.

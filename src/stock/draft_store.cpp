@@ -52,8 +52,7 @@ private:
             m_db.execute(QStringLiteral("delete from %1 where %2=?")
                              .arg(m_kind.lineTable, m_kind.numberColumn),
                          {m_draft.number});
-        for (size_t i = 0; i < m_lines.size(); ++i)
-            m_draft.lines[i].id = m_db.insertRow(m_kind.lineTable, lineRow(m_context, m_lines[i]));
+        storeLines();
         Assignments header = typedHeader();
         if (!isNew) {
             m_db.updateRows(m_kind.headerTable, header, QStringLiteral("id=?"),
@@ -62,6 +61,22 @@ private:
         }
         addUntypedHeader(header);
         m_db.insertRow(m_kind.headerTable, header);
+    }
+
+    void storeLines() {
+        QStringList columns;
+        std::vector<Values> rows;
+        for (const CompleteLine &line : m_lines) {
+            Values &row = rows.emplace_back();
+            for (Assignment &a : lineRow(m_context, line)) {
+                if (rows.size() == 1)
+                    columns << a.column;
+                row.push_back(std::move(a.value));
+            }
+        }
+        const std::vector<qint64> ids = m_db.insertRows(m_kind.lineTable, columns, rows);
+        for (size_t i = 0; i < ids.size(); ++i)
+            m_draft.lines[i].id = ids[i];
     }
 
     /// The orders that the draft's lines follow, and those that its former lines followed.

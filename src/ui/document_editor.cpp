@@ -379,7 +379,7 @@ bool DocumentEditor::store(bool approve) {
 
 void DocumentEditor::afterApproval() {
     if (session().parameters.printsAfterApproval)
-        printDocumentNow(context(), m_base.number, this);
+        printDocumentNow(context(), m_base.number);
 }
 
 /// Goes to the line or field that is at fault.

@@ -375,7 +375,7 @@ void DocumentList::btnCheckClick() {
         return;
     const Outcome outcome = approveDocument(session(), prompter(), number);
     if (show(outcome) && session().parameters.printsAfterApproval)
-        printDocumentNow(context(), number, this);
+        printDocumentNow(context(), number);
     refresh();
 }
 

@@ -1,15 +1,11 @@
-#include "core/session.h"
-#include "db/database.h"
+#include "master/goods_search.h"
 #include "ui/document_dialogs.h"
 
 namespace jxc {
 
 QString goodsOfBarcode(const FormContext &context, const QString &barcode) {
-    return context.session.db().scalar(
-        QStringLiteral(
-            "select g_sn from jxc_goods where g_sptm=? and g_jy=0 union select g_sn from "
-            "jxc_goodstm where g_sptm=? union select g_sn from jxc_goodsdw where g_sptm=?"),
-        {barcode, barcode, barcode});
+    const std::vector<GoodsHit> hits = context.goods.findBarcode(barcode, {});
+    return hits.empty() ? QString() : hits.front().code;
 }
 
 bool isBarcode(const FormContext &context, const QString &text) {

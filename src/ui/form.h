@@ -7,6 +7,7 @@ namespace jxc {
 
 class Database;
 class Form;
+class GoodsFinder;
 class Prompter;
 class Session;
 
@@ -31,6 +32,7 @@ struct FormContext {
     Session &session;
     Prompter &prompter;
     FormStage &stage;
+    GoodsFinder &goods; ///< of this connection; it keeps what it has read
     QString home; ///< the folder that holds data/, Layout/ and report/
 };
 

@@ -1,57 +1,45 @@
 #include "ui/pick_sources.h"
 
-#include "core/rights.h"
 #include "core/session.h"
 #include "db/database.h"
-#include "db/like.h"
+#include "master/finders.h"
+#include "master/goods_search.h"
 #include "ui/row_list.h"
 
+#include <QLineEdit>
 #include <QMenu>
 
 namespace jxc {
 
 namespace {
 
-constexpr int mostRows = 50;
+// The lists all speak of "sn" and "name", whatever the table behind them calls them.
+const auto codeField = QStringLiteral("sn");
+const auto nameField = QStringLiteral("name");
 
-/// How the rows of a table are picked: which columns are shown, and in which one looks.
-struct TablePick {
-    QString select; ///< "select … from … where …", without the search
-    QStringList find;
-    QString order;
-    QString code; ///< the column that is stored
-};
-
-Rows search(Database &db, const TablePick &pick, const QString &typed) {
-    QString sql = pick.select;
-    Values values;
-    if (!typed.isEmpty()) {
-        QStringList conditions;
-        for (const QString &column : pick.find) {
-            conditions << contains(column);
-            values.emplace_back(containsPattern(typed));
-        }
-        sql += QStringLiteral(" and (") + conditions.join(QStringLiteral(" or ")) + u')';
-    }
-    // What begins with the typed text comes first.
-    sql += QStringLiteral(" order by case when %1=? then 0 when %2 then 1 else 2 end,")
-               .arg(pick.code, QStringLiteral("lower(%1) like lower(?) escape '!'")
-                                   .arg(pick.find.value(1, pick.code)));
-    values.emplace_back(typed);
-    values.emplace_back(containsPattern(typed).mid(1));
-    return db.rows(sql + pick.order + QStringLiteral(" limit %1").arg(mostRows), values);
+Rows rowsOf(const std::vector<Found> &found) {
+    RowList list({u"sn", u"name", u"jm", u"phone", u"address", u"balance"});
+    for (const Found &f : found)
+        list.add({f.code, f.name, f.mnemonic, f.phone, f.address, f.balance});
+    return list.take();
 }
 
-PickSource sourceOf(Database &db, const TablePick &pick, ColumnSpecs columns,
-                    const QString &nameField) {
+/// `table` is a constant of ours; its code column begins with `prefix`.
+PickSource foundSource(const FormContext &context, Sought what, ColumnSpecs columns,
+                       const QString &table, const QString &codeColumn, const QString &nameColumn,
+                       EmployeeDuty duty = EmployeeDuty::any) {
+    Session &session = context.session;
     PickSource source;
     source.columns = std::move(columns);
-    source.codeField = pick.code;
+    source.codeField = codeField;
     source.nameField = nameField;
-    source.search = [&db, pick](const QString &typed) { return jxc::search(db, pick, typed); };
-    source.find = [&db, pick](const QString &code) {
-        return db.row(pick.select + QStringLiteral(" and %1=?").arg(pick.code), {code});
+    source.search = [&session, what, duty](const QString &typed) {
+        return rowsOf(findNamed(session, what, typed, duty));
     };
+    // A code may be disabled or another's by now; its name is shown all the same.
+    const QString sql = QStringLiteral("select %1 as sn,%2 as name from %3 where %1=?")
+                            .arg(codeColumn, nameColumn, table);
+    source.find = [&session, sql](const QString &code) { return session.db().row(sql, {code}); };
     return source;
 }
 
@@ -59,110 +47,92 @@ PickSource sourceOf(Database &db, const TablePick &pick, ColumnSpecs columns,
 
 PickSource partnerSource(const FormContext &context, Partner::Kind kind) {
     const bool customer = kind == Partner::Kind::customer;
-    const QString p = customer ? QStringLiteral("kh_") : QStringLiteral("ghs_");
-    const auto named = [&](const char16_t *name) { return QString(p + QString::fromUtf16(name)); };
-    TablePick pick;
-    pick.code = named(u"sn");
-    pick.find = {named(u"sn"), named(u"jm"), named(u"name"), named(u"tele"), named(u"address")};
-    pick.select = QStringLiteral(
-                      "select id,%1sn,%1name,%1jm,%1tele,%1address,%1lwje from %2 where %1forbid=0")
-                      .arg(p, customer ? QStringLiteral("jxc_khxx") : QStringLiteral("jxc_ghsxx"));
-    pick.order = QStringLiteral("%1pl desc,id").arg(p);
-    ColumnSpecs columns = {{named(u"sn"), QStringLiteral("编号"), ValueKind::text, 80},
-                           {named(u"name"), QStringLiteral("名称"), ValueKind::text, 180},
-                           {named(u"jm"), QStringLiteral("简码"), ValueKind::text, 88},
-                           {named(u"tele"), QStringLiteral("电话"), ValueKind::text, 112},
-                           {named(u"address"), QStringLiteral("地址"), ValueKind::text, 160},
-                           {named(u"lwje"),
-                            customer ? QStringLiteral("应收余额") : QStringLiteral("应付余额"),
-                            ValueKind::amount, 104}};
-    return sourceOf(context.session.db(), pick, std::move(columns), named(u"name"));
+    ColumnSpecs columns = {
+        text(u"sn", u"编号", 80),
+        text(u"name", u"名称", 180),
+        text(u"jm", u"简码", 88),
+        text(u"phone", u"电话", 112),
+        text(u"address", u"地址", 160),
+        column(u"balance", customer ? u"应收余额" : u"应付余额", ValueKind::amount, 104)};
+    return customer ? foundSource(context, Sought::customer, std::move(columns),
+                                  QStringLiteral("jxc_khxx"), QStringLiteral("kh_sn"),
+                                  QStringLiteral("kh_name"))
+                    : foundSource(context, Sought::supplier, std::move(columns),
+                                  QStringLiteral("jxc_ghsxx"), QStringLiteral("ghs_sn"),
+                                  QStringLiteral("ghs_name"));
 }
 
 PickSource warehouseSource(const FormContext &context) {
-    TablePick pick;
-    pick.code = QStringLiteral("ck_sn");
-    pick.find = {pick.code, QStringLiteral("ck_jm"), QStringLiteral("ck_name")};
-    pick.select = QStringLiteral("select id,ck_sn,ck_name,ck_jm,ck_fzr from jxc_ckxx where 1=1");
-    // The number comes from the login, not from typing.
-    if (isWarehouseRestricted(context.session))
-        pick.select += QStringLiteral(" and ck_asn like '%") + context.session.currentOperatorNo +
-                       QStringLiteral("%'");
-    pick.order = QStringLiteral("id");
-    return sourceOf(context.session.db(), pick,
-                    {text(u"ck_sn", u"编号", 80), text(u"ck_name", u"仓库", 140),
-                     text(u"ck_jm", u"简码", 72), text(u"ck_fzr", u"负责人", 88)},
-                    QStringLiteral("ck_name"));
+    return foundSource(
+        context, Sought::warehouse,
+        {text(u"sn", u"编号", 80), text(u"name", u"仓库", 140), text(u"jm", u"简码", 72)},
+        QStringLiteral("jxc_ckxx"), QStringLiteral("ck_sn"), QStringLiteral("ck_name"));
 }
 
 PickSource employeeSource(const FormContext &context, EmployeeDuty duty, const QString &customer) {
-    PickSource source;
-    source.columns = {text(u"u_sn", u"编号", 80), text(u"u_name", u"姓名", 112),
-                      text(u"u_jm", u"简码", 72)};
-    source.codeField = QStringLiteral("u_sn");
-    source.nameField = QStringLiteral("u_name");
+    PickSource source = foundSource(
+        context, Sought::employee,
+        {text(u"sn", u"编号", 80), text(u"name", u"姓名", 112), text(u"jm", u"简码", 72)},
+        QStringLiteral("jxc_user"), QStringLiteral("u_sn"), QStringLiteral("u_name"), duty);
+    if (duty != EmployeeDuty::sale || customer.isEmpty())
+        return source;
     Session &session = context.session;
-    const auto all = [&session, duty, customer](const QString &typed) {
-        const bool assignedFirst = duty == EmployeeDuty::sale && !customer.isEmpty();
-        std::vector<Employee> people =
-            assignedFirst ? listSalespeople(session, customer) : listEmployees(session, duty);
-        if (!assignedFirst)
-            std::stable_sort(
-                people.begin(), people.end(), [&](const Employee &a, const Employee &b) {
-                    return duty == EmployeeDuty::purchase ? a.purchaseCount > b.purchaseCount
-                                                          : a.saleCount > b.saleCount;
-                });
-        RowList list({u"u_sn", u"u_name", u"u_jm"});
-        for (const Employee &e : people)
-            if (typed.isEmpty() || e.number.contains(typed) || e.name.contains(typed) ||
-                e.code.contains(typed, Qt::CaseInsensitive))
-                list.add({e.number, e.name, e.code});
+    const auto plain = source.search;
+    source.search = [&session, customer, plain](const QString &typed) {
+        if (!typed.isEmpty())
+            return plain(typed);
+        RowList list({u"sn", u"name", u"jm"});
+        for (const Employee &e : listSalespeople(session, customer))
+            list.add({e.number, e.name, e.code});
         return list.take();
-    };
-    source.search = all;
-    source.find = [&session](const QString &code) {
-        return session.db().row(
-            QStringLiteral("select u_sn,u_name,u_jm from jxc_user where u_sn=?"), {code});
     };
     return source;
 }
 
 PickSource accountSource(const FormContext &context) {
-    TablePick pick;
-    pick.code = QStringLiteral("yh_name");
-    pick.find = {pick.code, QStringLiteral("yh_sn"), QStringLiteral("yh_type")};
-    pick.select = QStringLiteral("select id,yh_sn,yh_name,yh_type,yh_zje from jxc_yhzh where 1=1");
-    pick.order = QStringLiteral("id");
-    return sourceOf(context.session.db(), pick,
-                    {text(u"yh_name", u"账户", 140), text(u"yh_type", u"类型", 88),
-                     column(u"yh_zje", u"余额", ValueKind::amount)},
-                    QStringLiteral("yh_name"));
+    return foundSource(
+        context, Sought::account,
+        {text(u"name", u"账户", 140), column(u"balance", u"余额", ValueKind::amount)},
+        QStringLiteral("jxc_yhzh"), QStringLiteral("yh_name"), QStringLiteral("yh_name"));
 }
 
 PickSource goodsSource(const FormContext &context, bool forSale,
                        std::function<QString()> warehouse) {
-    TablePick pick;
-    pick.code = QStringLiteral("g_sn");
-    pick.find = {pick.code,
-                 QStringLiteral("g_jm"),
-                 QStringLiteral("g_name"),
-                 QStringLiteral("g_tym"),
-                 QStringLiteral("g_sptm"),
-                 QStringLiteral("g_sccs"),
-                 QStringLiteral("color_name")};
-    pick.select =
-        QStringLiteral("select id,g_sn,g_name,g_tym,gg_name,dw_name,g_sccs,g_kc,g_sj,g_jj from "
-                       "jxc_goods where g_jy=0 and g_sn<>'00000000'");
-    pick.order = forSale ? QStringLiteral("g_xspl desc,id") : QStringLiteral("g_cgpl desc,id");
-    Q_UNUSED(warehouse)
-    return sourceOf(context.session.db(), pick,
-                    {text(u"g_sn", u"商品编号", 96), text(u"g_name", u"商品名称", 176),
-                     text(u"g_tym", u"有效成分", 120), text(u"gg_name", u"规格", 88),
-                     text(u"dw_name", u"单位", 48), text(u"g_sccs", u"生产厂商", 128),
-                     column(u"g_kc", u"库存", ValueKind::quantity, 84),
-                     forSale ? column(u"g_sj", u"售价", ValueKind::price, 80)
-                             : column(u"g_jj", u"进价", ValueKind::price, 80)},
-                    QStringLiteral("g_sn"));
+    PickSource source;
+    source.columns = {text(u"g_sn", u"商品编号", 96),
+                      text(u"g_name", u"商品名称", 176),
+                      text(u"g_tym", u"有效成分", 120),
+                      text(u"gg_name", u"规格", 88),
+                      text(u"dw_name", u"单位", 48),
+                      text(u"g_sccs", u"生产厂商", 128),
+                      column(u"stock", u"库存", ValueKind::quantity, 84),
+                      column(u"price", forSale ? u"售价" : u"进价", ValueKind::price, 84)};
+    if (forSale)
+        source.columns.back().secrecy = Secrecy::selling;
+    source.codeField = QStringLiteral("g_sn");
+    source.nameField = QStringLiteral("g_sn");
+    GoodsFinder &finder = context.goods;
+    const bool lastPrice = context.session.parameters.purchaseUsesLastPrice;
+    source.search = [&finder, forSale, lastPrice, warehouse](const QString &typed) {
+        RowList list({u"g_sn", u"g_name", u"g_tym", u"gg_name", u"dw_name", u"g_sccs", u"stock",
+                      u"price", u"barcode"});
+        for (const GoodsHit &hit :
+             finder.find(typed, warehouse(), forSale ? GoodsUse::sale : GoodsUse::purchase)) {
+            const bool last = lastPrice && !hit.lastPurchasePrice.isZero();
+            const Decimal price = forSale ? hit.sellingPrice
+                                  : last  ? hit.lastPurchasePrice
+                                          : hit.presetPurchasePrice;
+            list.add({hit.code, hit.name, hit.genericName, hit.specification, hit.unit, hit.maker,
+                      hit.stock, price, hit.barcode});
+        }
+        return list.take();
+    };
+    Session &session = context.session;
+    source.find = [&session](const QString &code) {
+        return session.db().row(
+            QStringLiteral("select g_sn,g_name,'' as barcode from jxc_goods where g_sn=?"), {code});
+    };
+    return source;
 }
 
 void choosePhrase(const FormContext &context, QLineEdit *note) {

@@ -62,6 +62,8 @@ private Q_SLOTS:
     void takesNumbersAsText();
     void verifyTellsDifferences_data() { addEngineRows(); }
     void verifyTellsDifferences();
+    void importsLists_data() { addEngineRows(); }
+    void importsLists();
     void backsUpAndRestores_data() { addEngineRows(); }
     void backsUpAndRestores();
     void copiesToTheServerAndBack();
@@ -303,6 +305,31 @@ void TestCtl::verifyTellsDifferences() {
     QCOMPARE(answer.exitCode, failed);
     QCOMPARE(answer.lines().last(), u"1 differences"_s);
     QVERIFY2(answer.lines().first().contains(u"G2"), qPrintable(answer.shown()));
+}
+
+void TestCtl::importsLists() {
+    const TestDatabase place(currentEngine());
+    const QString file = place.folder() + u"/list.csv"_s;
+    const auto import = [&](const QStringList &arguments) {
+        return runCtlOn(place.url(), QStringList{u"import"_s} + arguments);
+    };
+    put(file, "店里的客户\n客户姓名,手机,期初余额\n王大田,13800000001,1200.5\n李四,,没有\n");
+    const QString mapping =
+        u"工作表“list”，第2行为标题：客户名称=客户姓名，联系电话=手机，期初应收=期初余额\n"_s;
+    COMPARE_ANSWER(import({u"customers"_s, file}), failed,
+                   mapping + u"第4行 李四：期初应收不是数字\n导入完成，成功1条，失败1条！\n"_s);
+    put(file, "客户姓名,手机,期初余额\n王大田,13900000009,\n");
+    COMPARE_ANSWER(import({u"customers"_s, file, u"--update"_s}), done,
+                   QString(mapping).replace(u"第2行"_s, u"第1行"_s) +
+                       u"导入完成，成功1条，失败0条！\n"_s);
+    COMPARE_ANSWER(runCtlOn(place.url(), {u"verify"_s}), done, u"0 differences\n"_s);
+
+    put(file, "电话,地址\n1,2\n");
+    QCOMPARE(import({u"suppliers"_s, file}).exitCode, refused);
+    put(file, QByteArray());
+    QCOMPARE(import({u"goods"_s, file}).exitCode, refused);
+    QCOMPARE(import({u"goods"_s, file + u".none"_s}).exitCode, refused);
+    QCOMPARE(import({u"nonsense"_s, file}).exitCode, usage);
 }
 
 void TestCtl::backsUpAndRestores() {

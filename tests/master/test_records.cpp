@@ -224,9 +224,11 @@ void TestRecords::picksBringTheirNames() {
     Shop::demand(addOperator(shop.session, shop.user, {u"小王"_qs, {}, {}, u"100001"_qs, {}}));
     const MasterKind &warehouses = masterKind(u"jxc_ckxx");
     Record warehouse = *loadRecordByCode(shop.session, warehouses, u"100002"_qs);
-    warehouse.set(u"ck_asn"_qs, u"100001,100002,"_qs);
+    warehouse.set(u"ck_asn"_qs, u"100001,100002"_qs);
     warehouse.set(u"ck_name"_qs, u"西库"_qs);
     Shop::demand(shop.keep(warehouses, warehouse));
+    QCOMPARE(shop.texts(u"select ck_asn from jxc_ckxx where ck_sn='100002'"_qs),
+             QStringList{u"100001,100002,"_qs});
     QCOMPARE(loadRecord(shop.session, warehouses, warehouse.id)->text(u"ck_aname"),
              u"admin,小王,"_qs);
     QCOMPARE(shop.texts(names, {customer.id}), QStringList{u"二级|西库|默认员工,小赵,"_qs});
@@ -272,6 +274,14 @@ void TestRecords::onlyOneRowIsTheDefault() {
     QCOMPARE(shop.texts(u"select ghs_sn from jxc_ghsxx where ghs_default<>0"_qs),
              QStringList{second.text(u"ghs_sn")});
     QVERIFY(!copiedRecord(shop.session, suppliers(), second).flag(u"ghs_default"));
+
+    // The default row of a small list is what its field starts with.
+    QCOMPARE(newRecord(shop.session, customers()).text(u"kt_name"), u"零售客户"_qs);
+    const MasterKind &types = masterKind(u"jxc_khtype");
+    Record type = *loadRecordByCode(shop.session, types, u"1002"_qs);
+    type.set(u"kt_default"_qs, u"1"_qs);
+    Shop::demand(shop.keep(types, type));
+    QCOMPARE(newRecord(shop.session, customers()).text(u"kt_name"), u"二级"_qs);
 }
 
 void TestRecords::anothersChangeIsNotOverwritten() {
