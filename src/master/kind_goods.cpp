@@ -20,9 +20,9 @@ std::vector<MasterField> basicFields() {
             Field(u"g_jc"),
             Field(u"g_sptm"),
             Field(u"dw_name").required().pick(pickName(u"jxc_dw", u"dw_name")),
-            Field(u"gg_name").pick(pickName(u"jxc_ggxh", u"gg_name")),
+            Field(u"gg_name").follower(u"gg_jm").pick(pickName(u"jxc_ggxh", u"gg_name")),
             Field(u"color_name").pick(registration),
-            Field(u"ghs_sn").initial(u"100001").pick(
+            Field(u"ghs_sn").alsoByDocuments().initial(u"100001").pick(
                 pickCode(u"jxc_ghsxx", u"ghs_sn", u"ghs_name", u"ghs_name")),
             Field(u"hj_name").pick(pickName(u"jxc_hjxx", u"hj_name")),
             Field(u"g_zdkc", ValueKind::integer).notNegative(),

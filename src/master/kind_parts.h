@@ -21,6 +21,10 @@ public:
     Field &fixedOnceStored() { return set(m_field.fixedOnceStored, true); }
     Field &keptByLedger() { return set(m_field.keptByLedger, true); }
     Field &single() { return set(m_field.isSingle, true); }
+    Field &alsoByDocuments() { return set(m_field.alsoByDocuments, true); }
+    Field &follower(const char16_t *column) {
+        return set(m_field.follower, QString::fromUtf16(column));
+    }
     Field &words() { return set(m_field.sanitizer, Sanitizer::words); }
     Field &cost() { return set(m_field.secrecy, Secrecy::cost); }
     Field &selling() { return set(m_field.secrecy, Secrecy::selling); }

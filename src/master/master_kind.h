@@ -76,7 +76,10 @@ struct MasterField {
     bool isSingle = false;        ///< a flag that at most one row bears: set here, cleared there
     /// Typed, but written by the ledger of the room above: the opening balance of partners.
     bool keptByLedger = false;
-    QString initial{}; ///< of a new row; numbers start with 0 by themselves
+    /// Documents write it too: their change is no conflict unless it was typed over here.
+    bool alsoByDocuments = false;
+    QString follower{}; ///< a column that the kind's check fills from this one
+    QString initial{};  ///< of a new row; numbers start with 0 by themselves
     Sanitizer sanitizer = Sanitizer::light;
     Secrecy secrecy = Secrecy::open;
     std::vector<Choice> choices{}; ///< of ValueKind::choice; also proposals for a text

@@ -21,6 +21,19 @@ QString drawnCode(const Session &session, const MasterKind &kind, const Record &
     return nextSerialNumber(session.db(), kind.table, kind.codeColumn);
 }
 
+/// What a field of a new row starts with: the row that its list proposes, or its own value.
+QString proposal(Database &db, const MasterKind &kind, const MasterField &field) {
+    const MasterKind *list = findMasterKind(field.pick.table);
+    if (list != nullptr && list->isSmallList && !list->defaultColumn.isEmpty()) {
+        const QString chosen =
+            db.scalar(QStringLiteral("select %1 from %2 where %3<>0 order by id limit 1")
+                          .arg(field.pick.valueColumn, list->table, list->defaultColumn));
+        if (!chosen.isEmpty())
+            return chosen;
+    }
+    return field.initial.isEmpty() ? emptyText(kind.table, field.column) : field.initial;
+}
+
 void readFields(Database &db, const MasterKind &kind, const Row &row, Record &record) {
     for (const MasterField &field : kind.fields) {
         for (const QString &column : writtenColumns(kind, field))
@@ -51,15 +64,19 @@ void refuseChangedMeanwhile(const Session &session, const MasterKind &kind, cons
     const auto now = loadRecord(session, kind, record.id);
     if (!now)
         throw recordChangedMeanwhile();
-    for (const MasterField &field : kind.fields)
-        if (isTyped(field) && now->text(field.column) != record.stored(field.column))
+    for (const MasterField &field : kind.fields) {
+        const bool counts =
+            isTyped(field) && (!field.alsoByDocuments || record.isChanged(field.column));
+        if (counts && now->text(field.column) != record.stored(field.column))
             throw recordChangedMeanwhile();
+    }
 }
 
-Assignments typedColumns(const MasterKind &kind, const Record &record) {
+/// What was typed over, with what follows from it; the rest stays as it stands.
+Assignments changedColumns(const MasterKind &kind, const Record &record) {
     Assignments row;
     for (const MasterField &field : kind.fields) {
-        if (!isTyped(field) || (field.fixedOnceStored && !record.isNew()))
+        if (!isTyped(field) || field.fixedOnceStored || !record.isChanged(field.column))
             continue;
         for (const QString &column : writtenColumns(kind, field))
             row.push_back({column, fieldValue(kind.table, column, record.text(column))});
@@ -122,8 +139,8 @@ void insertRecord(Session &session, const MasterKind &kind, Record &record) {
 
 void updateRecord(Session &session, const MasterKind &kind, const Record &record) {
     renameCopies(session.db(), kind, record);
-    session.db().updateRows(kind.table, typedColumns(kind, record), QStringLiteral("id=?"),
-                            {record.id});
+    if (const Assignments columns = changedColumns(kind, record); !columns.empty())
+        session.db().updateRows(kind.table, columns, QStringLiteral("id=?"), {record.id});
     logRecord(session, kind, QStringLiteral("修改"), record);
 }
 
@@ -158,8 +175,7 @@ Refusal recordChangedMeanwhile() {
 Record newRecord(const Session &session, const MasterKind &kind) {
     Record record;
     for (const MasterField &field : kind.fields) {
-        record.set(field.column,
-                   field.initial.isEmpty() ? emptyText(kind.table, field.column) : field.initial);
+        record.set(field.column, proposal(session.db(), kind, field));
         // A proposal that the shop has deleted is none.
         if (!followPick(session.db(), field, record))
             record.set(field.column, {});

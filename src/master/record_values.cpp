@@ -80,7 +80,8 @@ QString emptyText(const QString &table, const QString &columnName) {
 
 QStringList writtenColumns(const MasterKind &kind, const MasterField &field) {
     QStringList columns{field.column};
-    for (const QString &following : {field.pick.shownAs, field.pick.copiedTo, field.choiceText})
+    for (const QString &following :
+         {field.pick.shownAs, field.pick.copiedTo, field.choiceText, field.follower})
         if (!following.isEmpty() && column(kind.table, following) != nullptr)
             columns << following;
     return columns;

@@ -106,7 +106,8 @@ private:
     }
 
     [[nodiscard]] bool isPastTheChange(const Row &row) const {
-        return row.integer(id) > m_start.lastTouched || row.text(date) > m_start.date;
+        return !m_start.toTheEnd &&
+               (row.integer(id) > m_start.lastTouched || row.text(date) > m_start.date);
     }
 
     Decimal lastCost() {

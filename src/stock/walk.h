@@ -67,6 +67,8 @@ struct WalkStart {
     QString flag;           ///< kind of the row that set it off
     /// The goods' average cost, with which a journal without earlier rows opens; read when absent.
     std::optional<Decimal> averageCost{};
+    /// The rounding changed: a row that stands as it is does not mean that the rest does.
+    bool toTheEnd = false;
 };
 
 /// Re-costs the journal of one goods in one warehouse from the start's day to its end and writes

@@ -93,6 +93,8 @@ private Q_SLOTS:
     void ownBarcodes();
     void rulesOfTheRow_data() { addEngineRows(); }
     void rulesOfTheRow();
+    void documentsWriteTheSupplierToo_data() { addEngineRows(); }
+    void documentsWriteTheSupplierToo();
     void copies_data() { addEngineRows(); }
     void copies();
     void deletes_data() { addEngineRows(); }
@@ -296,6 +298,23 @@ void TestGoods::rulesOfTheRow() {
     record.goods.set(u"dw_name"_qs, u"盒"_qs);
     QCOMPARE(shop.keep(record).text, u"该商品已有业务发生，不能修改单位！"_qs);
     QCOMPARE(shop.field.column, u"dw_name"_qs);
+}
+
+/// A receipt approved while the editor is open names its supplier: neither side loses.
+void TestGoods::documentsWriteTheSupplierToo() {
+    GoodsShop shop;
+    shop.db.insertRow(u"jxc_ghsxx"_qs, {{u"ghs_sn"_qs, u"100002"}, {u"ghs_name"_qs, u"县公司"}});
+    GoodsRecord open = shop.add(u"甲"_qs);
+    shop.db.execute(u"update jxc_goods set ghs_sn='100002' where id=?"_qs, {open.goods.id});
+    GoodsRecord supplierTyped = open;
+    open.goods.set(u"gg_name"_qs, u"500ml"_qs);
+    Shop::demand(shop.keep(open));
+    QCOMPARE(
+        shop.texts(u"select ghs_sn,gg_name,gg_jm from jxc_goods where id=?"_qs, {open.goods.id}),
+        QStringList{u"100002|500ml|500ML"_qs});
+    supplierTyped.goods.set(u"gg_name"_qs, u"500ml"_qs);
+    supplierTyped.goods.set(u"ghs_sn"_qs, {});
+    QCOMPARE(shop.keep(supplierTyped).text, u"该记录已被其他操作员修改，请刷新后重试！"_qs);
 }
 
 void TestGoods::copies() {

@@ -272,6 +272,14 @@ void TestRecords::onlyOneRowIsTheDefault() {
     QCOMPARE(shop.texts(u"select ghs_sn from jxc_ghsxx where ghs_default<>0"_qs),
              QStringList{second.text(u"ghs_sn")});
     QVERIFY(!copiedRecord(shop.session, suppliers(), second).flag(u"ghs_default"));
+
+    // The default row of a small list is what its field starts with.
+    QCOMPARE(newRecord(shop.session, customers()).text(u"kt_name"), u"零售客户"_qs);
+    const MasterKind &types = masterKind(u"jxc_khtype");
+    Record type = *loadRecordByCode(shop.session, types, u"1002"_qs);
+    type.set(u"kt_default"_qs, u"1"_qs);
+    Shop::demand(shop.keep(types, type));
+    QCOMPARE(newRecord(shop.session, customers()).text(u"kt_name"), u"二级"_qs);
 }
 
 void TestRecords::anothersChangeIsNotOverwritten() {
