@@ -337,5 +337,5 @@ void TestSheets::leavesTheOldFileWhenWritingFails() {
     QCOMPARE(readSheets(path("kept.xlsx")).size(), size_t(1));
 }
 
-QTEST_APPLESS_MAIN(TestSheets)
+QTEST_GUILESS_MAIN(TestSheets)
 #include "test_sheets.moc"
