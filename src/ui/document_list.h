@@ -4,6 +4,8 @@
 #include "ui/form.h"
 #include "ui/grid.h"
 
+#include <QPointer>
+
 class QLineEdit;
 class QTabBar;
 
