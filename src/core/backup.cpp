@@ -42,6 +42,19 @@ QString backupDatabase(const Session &session) {
     }
 }
 
+std::optional<QDateTime> newestBackup(const Session &session) {
+    if (session.backup.folder.isEmpty())
+        return std::nullopt;
+    const QString stamp = QStringLiteral("[0-9][0-9]");
+    const QString names = accountSetName(session) +
+                          QStringList(QList<QString>(6, stamp)).join(u'_') + QStringLiteral(".DAT");
+    const QFileInfoList files =
+        QDir(session.backup.folder).entryInfoList({names}, QDir::Files, QDir::Time);
+    if (files.isEmpty())
+        return std::nullopt;
+    return files.first().lastModified();
+}
+
 int deleteBackupFiles(const Session &session, const QString &folder) {
     constexpr qint64 day = 24LL * 60 * 60 * 1000;
     const auto settings =

@@ -3,6 +3,8 @@
 #include "core/action.h"
 #include "core/session.h"
 
+#include <optional>
+
 namespace jxc {
 
 /// The name of the account set that is open: its file's without the extension.
@@ -18,6 +20,10 @@ QString backupTo(const Session &session, const QString &folder);
 /// The automatic backup and that on leaving: into the folder of the settings, then old files there
 /// are deleted. Says nothing, whatever happens, and answers the new file's path or nothing.
 QString backupDatabase(const Session &session);
+
+/// When the newest backup of this account set in the settings' folder was written; nothing when
+/// there is none. What stands there under its name was read back before it got it.
+[[nodiscard]] std::optional<QDateTime> newestBackup(const Session &session);
 
 /// Deletes the folder's "*.DAT" files whose last write is more days ago than the settings keep them
 /// (0 keeps all), whether or not a new backup came about. Answers how many.

@@ -21,6 +21,14 @@ QString localIpAddress() {
 
 } // namespace
 
+QStringList operatorNames(const Session &session) {
+    QStringList names;
+    for (const Row &row :
+         session.db().rows(QStringLiteral("select a_name from jxc_admin order by id")))
+        names << row.text(u"a_name");
+    return names;
+}
+
 bool hasEmptyPassword(const Session &session, const QString &operatorName) {
     const auto row = session.db().row(QStringLiteral("select a_pwd from jxc_admin where a_name=?"),
                                       {operatorName});

@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace jxc {
 
 class Session;
 
+/// Who may log in, in the order in which they were added.
+[[nodiscard]] QStringList operatorNames(const Session &session);
 /// Whether an operator's stored password is empty, so that the dialog can say so.
 [[nodiscard]] bool hasEmptyPassword(const Session &session, const QString &operatorName);
 

@@ -1,60 +1,14 @@
+#include "core/account_set.h"
 #include "core/operation_log.h"
 #include "core/rights.h"
 #include "ctl/commands.h"
 #include "db/copy.h"
 #include "db/creation.h"
-#include "db/sqlite_file.h"
-#include "db/transaction.h"
 #include "services/opening.h"
-
-#include <QDir>
-#include <QFileInfo>
 
 namespace jxc::ctl {
 
 namespace {
-
-void makeFolderOf(const Location &location) {
-    if (location.engine != Engine::Sqlite)
-        return;
-    const QString folder = QFileInfo(location.file).absolutePath();
-    if (!QDir().mkpath(folder))
-        throw Refusal(QStringLiteral("不能建立文件夹：%1").arg(folder));
-}
-
-/// Whether a file of the embedded engine holds no table at all, as one does when making an account
-/// set in it was broken off.
-bool isBlankFile(const QString &path) {
-    try {
-        return SqliteFile(path, SqliteFile::Use::shared)
-                   .text(QStringLiteral("select count(*) from sqlite_master")) ==
-               QLatin1String("0");
-    } catch (const DatabaseError &) {
-        return false;
-    }
-}
-
-/// A file of another kind is never overwritten, not even by force.
-void refuseForeignFile(const Location &location) {
-    if (location.engine != Engine::Sqlite || QFileInfo(location.file).size() == 0)
-        return;
-    try {
-        const Database existing(location);
-    } catch (const NotOurDatabase &) {
-        if (!isBlankFile(location.file))
-            throw Refusal(QStringLiteral("文件不是帐套，不能覆盖：%1").arg(location.display()));
-    }
-}
-
-/// Opens the place of an account set to be made.
-std::unique_ptr<Database> openTarget(const Location &location, bool force) {
-    refuseForeignFile(location);
-    makeFolderOf(location);
-    auto db = std::make_unique<Database>(location, Database::Opening::empty);
-    if (!force && holdsAccountSet(*db))
-        throw Refusal(QStringLiteral("已有帐套，不能覆盖：%1").arg(location.display()));
-    return db;
-}
 
 void requireRight(const Session &session, int position, const QString &caption) {
     if (!hasRight(session, u"qtcz", position))
@@ -67,7 +21,7 @@ ExitCode create(Context &context) {
     const bool force = context.takeSwitch(QStringLiteral("--force"));
     if (!context.arguments().isEmpty())
         throw UsageError(QStringLiteral("create [--force]"));
-    const auto db = openTarget(context.location(), force);
+    const auto db = openNewAccountSet(context.location(), force);
     resetAllTables(*db, context.clock().now().date());
     say(QStringLiteral("已建立帐套：%1").arg(db->location().display()));
     return done;
@@ -111,7 +65,7 @@ ExitCode copy(Context &context) {
     if (context.arguments().size() != 2)
         throw UsageError(QStringLiteral("copy FROM TO [--force]"));
     Database from(Location::parse(context.arguments().at(0)));
-    const auto to = openTarget(Location::parse(context.arguments().at(1)), force);
+    const auto to = openNewAccountSet(Location::parse(context.arguments().at(1)), force);
     copyAccountSet(from, *to, [](int tablesDone, int tables, const QString &caption) {
         if (tablesDone % 20 == 0)
             complain(QStringLiteral("%1/%2 %3").arg(tablesDone).arg(tables).arg(caption));

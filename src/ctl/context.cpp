@@ -1,11 +1,8 @@
 #include "ctl/context.h"
 
+#include "core/account_set.h"
 #include "core/login.h"
 #include "services/opening.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QStandardPaths>
 
 namespace jxc::ctl {
 
@@ -26,18 +23,11 @@ std::optional<int> Context::takeNumber(const QString &name) {
 }
 
 QString Context::home() const {
-    if (!m_options.home.isEmpty())
-        return m_options.home;
-    QString beside = QCoreApplication::applicationDirPath();
-    if (QDir(beside + QStringLiteral("/data")).exists())
-        return beside;
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    return homeFolder(m_options.home);
 }
 
 Location Context::location() const {
-    if (!m_options.database.isEmpty())
-        return Location::parse(m_options.database);
-    return Location::ofFile(QDir(home()).filePath(QStringLiteral("data/jxc.mdb")));
+    return accountSetLocation(home(), m_options.database);
 }
 
 Database &Context::database() {

@@ -3,6 +3,7 @@
 #include "base/decimal.h"
 
 #include <QString>
+#include <span>
 
 namespace jxc {
 
@@ -20,6 +21,7 @@ struct JournalKind {
     QStringView flag;
     StockRule stockRule;
     CostRule costRule;
+    QStringView title; ///< what the user calls it
 
     /// The change of the stock by a row of this quantity.
     [[nodiscard]] Decimal stockChange(Decimal quantity) const {
@@ -34,6 +36,8 @@ struct JournalKind {
     [[nodiscard]] bool writesStockCost() const { return costRule != CostRule::never; }
 };
 
+/// All kinds, in the order in which lists offer them.
+[[nodiscard]] std::span<const JournalKind> journalKinds();
 /// Throws std::logic_error for an unknown kind.
 [[nodiscard]] const JournalKind &journalKind(QStringView flag);
 

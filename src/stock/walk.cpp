@@ -125,31 +125,40 @@ private:
 
 } // namespace
 
-JournalState applyJournalRow(const JournalState &before, QStringView flagText, Decimal rowQuantity,
-                             Decimal rowPrice, const Parameters &parameters) {
+JournalStep journalStep(const JournalState &before, QStringView flagText, Decimal rowQuantity,
+                        Decimal rowPrice, const Parameters &parameters) {
     const JournalKind &kind = journalKind(flagText);
-    JournalState after = before;
+    JournalStep step{before, before.stock, Product(before.value), CostBranch::keptByKind, before};
+    JournalState &after = step.after;
 
     // (1) the stock moves, and the quantities and values that the average is taken over
-    Decimal averaged = before.stock;
-    Product worth(before.value);
     const Product rowWorth = rowQuantity * rowPrice;
     after.stock += kind.stockChange(rowQuantity);
+    bool opposite = false;
     if (kind.stockRule == StockRule::add) {
-        const bool opposite = (rowQuantity.isPositive() && before.stock.isNegative()) ||
-                              (rowQuantity.isNegative() && before.stock.isPositive());
-        averaged = opposite ? averaged.abs() + rowQuantity.abs() : averaged + rowQuantity;
-        worth = opposite ? worth.abs() + rowWorth.abs() : worth + rowWorth;
+        opposite = (rowQuantity.isPositive() && before.stock.isNegative()) ||
+                   (rowQuantity.isNegative() && before.stock.isPositive());
+        step.averaged =
+            opposite ? before.stock.abs() + rowQuantity.abs() : before.stock + rowQuantity;
+        step.worth = opposite ? step.worth.abs() + rowWorth.abs() : step.worth + rowWorth;
     }
 
     // (2) the cost
-    if (kind.setsCost(rowQuantity) && !averaged.isZero()) {
-        if (!after.stock.isZero())
-            after.stock = after.stock.roundedUp9(parameters.quantityDecimals);
-        // A stock that rounds to nothing is nothing from there on.
-        after.cost = after.stock.isZero()
-                         ? rowPrice
-                         : (worth / averaged).abs().roundedUp9(parameters.priceDecimals);
+    if (kind.setsCost(rowQuantity)) {
+        if (step.averaged.isZero())
+            step.branch = CostBranch::keptByNothing;
+        else {
+            if (!after.stock.isZero())
+                after.stock = after.stock.roundedUp9(parameters.quantityDecimals);
+            // A stock that rounds to nothing is nothing from there on.
+            step.branch = after.stock.isZero() ? CostBranch::lastPrice
+                          : opposite           ? CostBranch::averageOfAbsolutes
+                                               : CostBranch::average;
+            after.cost =
+                after.stock.isZero()
+                    ? rowPrice
+                    : (step.worth / step.averaged).abs().roundedUp9(parameters.priceDecimals);
+        }
     }
 
     // (3) what is stored
@@ -158,7 +167,12 @@ JournalState applyJournalRow(const JournalState &before, QStringView flagText, D
     after.value = after.stock.isZero()
                       ? Decimal()
                       : (after.cost * after.stock).roundedUp9(parameters.amountDecimals);
-    return after;
+    return step;
+}
+
+JournalState applyJournalRow(const JournalState &before, QStringView flagText, Decimal rowQuantity,
+                             Decimal rowPrice, const Parameters &parameters) {
+    return journalStep(before, flagText, rowQuantity, rowPrice, parameters).after;
 }
 
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start) {

@@ -27,12 +27,34 @@ struct JournalState {
     friend bool operator==(const JournalState &, const JournalState &) = default;
 };
 
+/// By which branch of the rule a row comes to the cost after it.
+enum class CostBranch {
+    keptByKind,         ///< the kind of row never sets a cost
+    keptByNothing,      ///< there is no quantity to take an average over
+    average,            ///< value / quantity
+    averageOfAbsolutes, ///< the same over absolute values: row and stock have opposite signs
+    lastPrice           ///< the stock comes to nothing: the row's own price
+};
+
+/// One row of the walk: what stood before, what the average was taken over, what stands after.
+struct JournalStep {
+    JournalState before;
+    Decimal averaged; ///< quantity
+    Product worth;    ///< value
+    CostBranch branch = CostBranch::keptByKind;
+    JournalState after;
+};
+
 /// Applies one row to a state by the moving average.
 ///
 /// Phases: (1) the stock moves; where row and stock have opposite signs the average is taken over
 /// absolute values, deliberately also for a return out of a positive stock; (2) a kind that sets
 /// cost takes |value / quantity|, or the row's price when the stock comes to nothing; (3) cost,
 /// stock and value are rounded, after 0.000000001 is added to each.
+[[nodiscard]] JournalStep journalStep(const JournalState &before, QStringView flag,
+                                      Decimal quantity, Decimal price,
+                                      const Parameters &parameters);
+/// The same, the state after it alone.
 [[nodiscard]] JournalState applyJournalRow(const JournalState &before, QStringView flag,
                                            Decimal quantity, Decimal price,
                                            const Parameters &parameters);

@@ -4,8 +4,6 @@
 #include "core/prompter.h"
 #include "core/session.h"
 
-#include <QCloseEvent>
-
 namespace jxc {
 
 Form::Form(const FormContext &context, const QString &className, const QString &title,
@@ -44,13 +42,6 @@ void Form::setCaption(const QString &caption) {
 void Form::reject() {
     if (mayLeave())
         QDialog::reject();
-}
-
-void Form::closeEvent(QCloseEvent *event) {
-    if (mayLeave())
-        QDialog::closeEvent(event);
-    else
-        event->ignore();
 }
 
 } // namespace jxc

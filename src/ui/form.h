@@ -15,6 +15,10 @@ class Session;
 class FormStage {
 public:
     virtual ~FormStage() = default;
+    /// Whether the form is part of this program; what opens another one is disabled without.
+    [[nodiscard]] virtual bool isKnown(const QString &className) const {
+        return !className.isEmpty();
+    }
     /// Shows the one kept instance of a form ("TF_Kccx"), made at its first use. Null when the
     /// form is not part of this program.
     virtual Form *openForm(const QString &className, const QString &caption) = 0;
@@ -58,10 +62,8 @@ public:
     /// Whether the form may go; asks about what was typed and not saved.
     virtual bool mayLeave() { return true; }
 
+    /// Also what closing the window by its frame comes to.
     void reject() override;
-
-protected:
-    void closeEvent(QCloseEvent *event) override;
 
 private:
     FormContext m_context;

@@ -198,11 +198,13 @@ GridPicture Grid::picture() const {
         picture.sums.clear();
     for (int line = 0; line < m_model->rowCount(); ++line) {
         QStringList texts;
-        std::vector<Cell> values;
+        std::vector<Decimal> values;
         const Row &row = m_model->at(line);
         for (size_t i = 0; i < columns.size(); ++i) {
             texts << m_model->cellText(line, columns[i]);
-            values.push_back(row.cell(row.columns().indexOf(picture.columns[i].field)));
+            values.push_back(isNumber(picture.columns[i].kind)
+                                 ? row.decimal(picture.columns[i].field)
+                                 : Decimal());
         }
         picture.rows.push_back(texts);
         picture.values.push_back(std::move(values));

@@ -18,8 +18,8 @@ struct GridPicture {
     QStringList notes; ///< lines under the title: period, filters
     ColumnSpecs columns;
     std::vector<QStringList> rows;
-    QStringList sums;                      ///< one per column, or none at all
-    std::vector<std::vector<Cell>> values; ///< as stored, for spreadsheets that compute on
+    QStringList sums;                         ///< one per column, or none at all
+    std::vector<std::vector<Decimal>> values; ///< of figures, for spreadsheets that compute on
 };
 
 /// The table of every list: described columns, footer sums, sort by a click, filter as one types,

@@ -39,6 +39,19 @@ bool LayoutStore::save(const std::vector<ColumnLayout> &columns) const {
     return file.status() == QSettings::NoError;
 }
 
+QStringList LayoutStore::list(const QString &key) const {
+    if (!QFile::exists(m_file))
+        return {};
+    return QSettings(m_file, QSettings::IniFormat).value(key).toStringList();
+}
+
+bool LayoutStore::saveList(const QString &key, const QStringList &values) const {
+    QSettings file(m_file, QSettings::IniFormat);
+    file.setValue(key, values);
+    file.sync();
+    return file.status() == QSettings::NoError;
+}
+
 void LayoutStore::forget() const {
     QFile::remove(m_file);
 }

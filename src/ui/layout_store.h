@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 class QHeaderView;
@@ -25,6 +26,10 @@ public:
     /// Makes the folder when it is missing. False when the file could not be written.
     [[nodiscard]] bool save(const std::vector<ColumnLayout> &columns) const;
     void forget() const;
+
+    // Further lists of the same layout, for example at which cells Enter stops.
+    [[nodiscard]] QStringList list(const QString &key) const;
+    [[nodiscard]] bool saveList(const QString &key, const QStringList &values) const;
 
 private:
     QString m_file;

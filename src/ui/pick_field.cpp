@@ -76,6 +76,7 @@ void PickField::search(const QString &typed) {
 
 /// The row is the list's and goes with it: callers hand over a copy.
 void PickField::take(const Row &row) {
+    m_typed = m_dirty ? text().trimmed() : QString();
     setChoice(row.text(m_source.codeField), row.text(m_source.nameField));
     Q_EMIT chosen(row);
 }

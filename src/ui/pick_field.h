@@ -28,6 +28,10 @@ public:
     /// Takes what was typed now, as Enter does: true when the field holds a choice afterwards.
     bool commitTyped();
     [[nodiscard]] bool isListOpen() const;
+    /// Whether there is something that commitTyped() would take.
+    [[nodiscard]] bool isTyped() const { return m_dirty || isListOpen(); }
+    /// What was typed when the last choice was taken.
+    [[nodiscard]] QString typedText() const { return m_typed; }
     void openList();
 
 Q_SIGNALS:
@@ -51,7 +55,7 @@ private:
     Formats m_formats;
     PickList *m_list = nullptr; ///< made at the first key
     QTimer *m_pending;
-    QString m_code, m_name;
+    QString m_code, m_name, m_typed;
     bool m_clearable = false;
     bool m_dirty = false; ///< typed since the last choice
 };

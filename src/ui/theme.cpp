@@ -1,5 +1,7 @@
 #include "ui/theme.h"
 
+#include "ui/icons.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
@@ -62,7 +64,11 @@ QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QDateEdit:disabled,
 QPlainTextEdit:disabled { background: @window; color: @textQuiet; }
 QComboBox QAbstractItemView { background: @surface; border: 1px solid @line; padding: 4px;
     selection-background-color: @accentQuiet; selection-color: @text; }
-QComboBox::drop-down { border: none; width: 20px; }
+QComboBox::drop-down, QDateEdit::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow, QDateEdit::down-arrow, QSpinBox::down-arrow {
+    image: url(:/icons/arrow-down.svg); width: 12px; height: 12px; }
+QSpinBox::up-arrow { image: url(:/icons/arrow-up.svg); width: 12px; height: 12px; }
+QSpinBox::up-button, QSpinBox::down-button { border: none; width: 24px; }
 QPushButton { background: @surface; border: 1px solid @line; border-radius: 4px;
     padding: 0 16px; min-height: 28px; min-width: 56px; }
 QPushButton:hover { border-color: @accent; }
@@ -80,7 +86,7 @@ QToolButton::menu-indicator { image: none; }
 QTableView, QTreeView, QListView { background: @surface; alternate-background-color: @surfaceAlt;
     border: 1px solid @line; border-radius: 4px; gridline-color: @line; outline: 0;
     selection-background-color: @accentQuiet; selection-color: @text; }
-QTableView::item { padding: 0 8px; }
+QTableView::item { padding: 0 8px; border: none; }
 QTableView::item:selected { background: @accentQuiet; color: @text; }
 QTreeView::item, QListView::item { min-height: 26px; padding: 0 4px; }
 QTreeView::item:selected, QListView::item:selected { background: @accentQuiet; color: @text; }
@@ -169,6 +175,7 @@ const Theme &Theme::current() {
 
 void applyTheme(QApplication &application, const Theme &theme) {
     inUse = &theme;
+    loadIcons(); // the sheet names some
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setFont(programFont());
     application.setPalette(paletteOf(theme));

@@ -121,6 +121,8 @@ void TestFullDisk::fileSystemIsFull() {
     QVERIFY(shop.url().startsWith(disk.path()));
     QStringList drafts = manyDrafts(shop, 20);
     for (const int kilobytes : {0, 4, 12, 28, 60, 200}) {
+        // Room that the log took before would do for the approvals that follow.
+        shop.db().scalar(u"pragma wal_checkpoint(truncate)"_s);
         disk.fillBut(kilobytes);
         const QString refused = fillUp(shop, drafts);
         QVERIFY(!refused.isEmpty());

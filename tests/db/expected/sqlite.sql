@@ -398,6 +398,7 @@ create table jxc_jhsp (
 create index ix_jhsp_j_sn on jxc_jhsp (j_sn);
 create index ix_jhsp_g_sn on jxc_jhsp (g_sn);
 create index ix_jhsp_id2 on jxc_jhsp (id2);
+create index ix_jhsp_id3 on jxc_jhsp (id3);
 create table jxc_jhd (
     id integer primary key autoincrement,
     j_sn varchar(16) null,
@@ -687,6 +688,7 @@ create table jxc_lsxssp (
 create index ix_lsxssp_gl_djh on jxc_lsxssp (gl_djh);
 create index ix_lsxssp_g_sn on jxc_lsxssp (g_sn);
 create index ix_lsxssp_id2 on jxc_lsxssp (id2);
+create index ix_lsxssp_id3 on jxc_lsxssp (id3);
 create table jxc_lsxsd (
     id integer primary key autoincrement,
     gl_djh varchar(16) null,

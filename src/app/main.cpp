@@ -1,0 +1,18 @@
+// jxc: the desktop program.
+#include "app/program.h"
+#include "ui/theme.h"
+
+using namespace jxc;
+
+int main(int argc, char **argv) {
+    Application application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("jxc"));
+    QApplication::setQuitOnLastWindowClosed(false); // between the splash and the login is none
+    useFixedLocale();
+    useChineseWords();
+    applyTheme(application, Theme::light());
+    Program program(application, readOptions(application));
+    if (!program.start())
+        return 1;
+    return QApplication::exec();
+}

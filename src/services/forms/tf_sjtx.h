@@ -1,0 +1,48 @@
+#pragma once
+
+#include "services/reminders.h"
+#include "ui/form.h"
+
+class QCheckBox;
+class QTabWidget;
+
+namespace jxc {
+
+class PlainTable;
+
+/// What is due today, and the operator's reminders.
+class TF_Sjtx : public Form {
+    Q_OBJECT
+public:
+    explicit TF_Sjtx(const FormContext &context, QWidget *parent = nullptr);
+
+    void FormActivate() override;
+
+    void btnAddClick();
+    void btnModiClick();
+    void btnDeleClick();
+
+private:
+    QWidget *makeToday();
+    QWidget *makeSettings();
+    void fillToday();
+    void fillSettings();
+    void openToday();
+    [[nodiscard]] const Reminder *current() const;
+    void edit(const Reminder &reminder);
+
+    /// A line of the first tab that leads somewhere.
+    struct Way {
+        QString formClass, caption, rightGroup;
+        int right = 0;
+        QString refusal;
+    };
+
+    QTabWidget *m_tabs;
+    PlainTable *m_today = nullptr, *m_settings = nullptr;
+    QCheckBox *m_atStart;
+    std::vector<Reminder> m_reminders;
+    QHash<qint64, Way> m_ways;
+};
+
+} // namespace jxc

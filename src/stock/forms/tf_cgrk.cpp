@@ -1,0 +1,8 @@
+#include "stock/forms/tf_cgrk.h"
+
+namespace jxc {
+
+TF_Cgrk::TF_Cgrk(const FormContext &context, QWidget *parent)
+    : DocumentList(context, documentFormSpec(QStringLiteral("RK")), parent) {}
+
+} // namespace jxc

@@ -1,0 +1,8 @@
+#include "stock/forms/tf_spck.h"
+
+namespace jxc {
+
+TF_Spck::TF_Spck(const FormContext &context, QWidget *parent)
+    : DocumentList(context, documentFormSpec(QStringLiteral("CK")), parent) {}
+
+} // namespace jxc

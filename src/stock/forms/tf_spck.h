@@ -1,0 +1,14 @@
+#pragma once
+
+#include "ui/document_list.h"
+
+namespace jxc {
+
+/// 商品出库单: sales issued.
+class TF_Spck : public DocumentList {
+    Q_OBJECT
+public:
+    explicit TF_Spck(const FormContext &context, QWidget *parent = nullptr);
+};
+
+} // namespace jxc

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "ui/document_list.h"
+
+namespace jxc {
+
+/// 商品销售单: goods sold to customers.
+class TF_Spxs : public DocumentList {
+    Q_OBJECT
+public:
+    explicit TF_Spxs(const FormContext &context, QWidget *parent = nullptr);
+};
+
+} // namespace jxc

@@ -1,0 +1,67 @@
+#include "ui/box_prompter.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QMessageBox>
+#include <QTranslator>
+#include <clocale>
+
+namespace jxc {
+
+namespace {
+
+/// The texts of the system hold "\r\n"; a box would show the first of them as a blank.
+QString shown(QString text) {
+    return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+QWidget *windowInFront() {
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    return QApplication::activeWindow();
+}
+
+void dress(QMessageBox &box, const QString &text, const QString &caption) {
+    box.setWindowTitle(caption);
+    box.setTextFormat(Qt::PlainText); // a goods name may hold what looks like markup
+    box.setText(shown(text));
+}
+
+} // namespace
+
+void BoxPrompter::inform(const QString &text, const QString &caption) {
+    QMessageBox box(windowInFront());
+    dress(box, text, caption);
+    box.setIcon(QMessageBox::Information);
+    auto *button = box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
+    box.setDefaultButton(button);
+    box.setEscapeButton(button);
+    box.exec();
+}
+
+bool BoxPrompter::confirm(const QString &text, const QString &caption) {
+    QMessageBox box(windowInFront());
+    dress(box, text, caption);
+    box.setIcon(QMessageBox::Question);
+    auto *yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
+    auto *no = box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole);
+    box.setDefaultButton(yes);
+    box.setEscapeButton(no);
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+void useChineseWords() {
+    auto *words = new QTranslator(QCoreApplication::instance());
+    if (words->load(QStringLiteral("qtbase_zh_CN"),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(words);
+}
+
+void useFixedLocale() {
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    // The toolkit takes the workstation's at its start; libraries in C would then write "1,5".
+    std::setlocale(LC_NUMERIC, "C");
+}
+
+} // namespace jxc

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "stock/draft_file.h"
+#include "ui/document_lines.h"
+#include "ui/document_spec.h"
+#include "ui/form.h"
+
+class QTimer;
+
+namespace jxc {
+
+class ActionBar;
+class HeaderPanel;
+class LineTable;
+class ScanCatcher;
+class SettlementPanel;
+
+/// The one window in which every kind of document is typed, or read. What is typed is kept on the
+/// disk from cell to cell until it is saved or given up.
+class DocumentEditor : public Form {
+    Q_OBJECT
+public:
+    DocumentEditor(const FormContext &context, const DocumentFormSpec &spec,
+                   QWidget *parent = nullptr);
+    ~DocumentEditor() override;
+
+    /// Begins a new document, or goes on with one that was kept when the program went down.
+    void startNew();
+    /// Opens a draft to edit, an approved document to read.
+    void open(const Draft &draft);
+    void openNumber(const QString &number);
+
+    [[nodiscard]] HeaderPanel &header() { return *m_header; }
+    [[nodiscard]] LineTable &table() { return *m_table; }
+    [[nodiscard]] SettlementPanel *settlement() { return m_settlement; }
+    [[nodiscard]] const DocumentFormSpec &spec() const { return m_spec; }
+    /// What stands in the window now.
+    [[nodiscard]] Draft draft() const;
+    [[nodiscard]] bool isChanged() const { return m_changed; }
+
+    void FormActivate() override;
+    bool mayLeave() override;
+
+public Q_SLOTS:
+    void btnSaveClick();
+    void btnSaveNewClick();
+    void btnSaveCheckClick();
+    void btnDiscountClick();
+    void btnSourceClick();
+    void btnBatchClick();
+    void btnPriceHistoryClick();
+    void btnNextUnitClick();
+    void btnGoodsClick();
+    void btnOpenDraftClick();
+    void btnPrintClick();
+    void btnDeleteLineClick();
+    void btnGiftClick();
+    void btnBuyerClick();
+    void btnCostClick();
+
+Q_SIGNALS:
+    /// A document was stored, or approved.
+    void saved(const QString &number);
+
+private:
+    void build();
+    void addActions();
+    void markChanged();
+    void showTotals();
+    void applySetting();
+    void goodsPicked(int row, const Row &goods, const QString &typed);
+    /// A barcode was scanned: one more of its goods.
+    void scanned(const QString &barcode);
+    void goodsPut(int row);
+    void cellDone(int row, LineField field);
+    void offerSplit(int row);
+    bool refuseRepeated(int row, const QString &goods, const QString &name);
+    /// Stores; `approve` in the same action. True when the draft is stored.
+    bool store(bool approve);
+    void offerApproval();
+    void afterApproval();
+    void showRefusal(const struct Outcome &outcome);
+    void restartIfKept();
+    [[nodiscard]] DocumentLines &lines() const;
+
+    const DocumentFormSpec &m_spec;
+    ActionBar *m_actions;
+    HeaderPanel *m_header;
+    LineTable *m_table;
+    SettlementPanel *m_settlement = nullptr; ///< null for kinds without money
+    ScanCatcher *m_scanner;
+    DraftFile m_file;
+    QTimer *m_keeping;
+    Draft m_base; ///< what the window does not show goes through unchanged
+    std::optional<Decimal> m_newTotal;
+    bool m_changed = false;
+    bool m_filling = false;
+};
+
+} // namespace jxc

@@ -1,0 +1,322 @@
+#include "ui/header_panel.h"
+
+#include "core/session.h"
+#include "db/database.h"
+#include "db/schema.h"
+#include "ui/date_field.h"
+#include "ui/formats.h"
+#include "ui/number_field.h"
+#include "ui/pick_field.h"
+#include "ui/pick_sources.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QStyle>
+
+namespace jxc {
+
+namespace {
+
+constexpr int pairsPerLine = 4;
+
+QString captionOf(HeaderField field, const DocumentFormSpec &spec) {
+    switch (field) {
+    case HeaderField::date:
+        return QStringLiteral("开单日期");
+    case HeaderField::partner:
+        return spec.partnerWord;
+    case HeaderField::warehouse:
+        return QStringLiteral("仓库");
+    case HeaderField::clerk:
+        return QStringLiteral("经手人");
+    case HeaderField::supplierNumber:
+        return QStringLiteral("原始单号");
+    case HeaderField::invoiceNo:
+        return QStringLiteral("发票号码");
+    case HeaderField::invoiced:
+        return QStringLiteral("发票金额");
+    case HeaderField::freight:
+        return QStringLiteral("运费");
+    case HeaderField::packing:
+        return QStringLiteral("包装费");
+    case HeaderField::freightTerms:
+        return QStringLiteral("运费方式");
+    case HeaderField::member:
+        return QStringLiteral("会员");
+    case HeaderField::reminder:
+        return QStringLiteral("提醒日期");
+    case HeaderField::contract:
+        return QStringLiteral("合同");
+    case HeaderField::note:
+        return QStringLiteral("备注");
+    }
+    return {};
+}
+
+/// Fields of work that is still to come stand there disabled.
+bool isForLater(HeaderField field) {
+    return field == HeaderField::member || field == HeaderField::contract;
+}
+
+} // namespace
+
+HeaderPanel::HeaderPanel(const FormContext &context, const DocumentFormSpec &spec, QWidget *parent)
+    : QWidget(parent)
+    , m_context(context)
+    , m_spec(spec)
+    , m_number(new QLineEdit(this))
+    , m_balance(new QLabel(this)) {
+    m_number->setReadOnly(true);
+    m_number->setFocusPolicy(Qt::ClickFocus);
+    m_number->setObjectName(QStringLiteral("number"));
+    m_balance->setObjectName(QStringLiteral("balance"));
+    build();
+}
+
+QWidget *HeaderPanel::make(HeaderField field) {
+    const Formats formats(m_context.session.parameters);
+    switch (field) {
+    case HeaderField::date: {
+        auto *date = new DateField(m_context.session.today(), this);
+        date->setReadOnly(!m_context.session.rights.changeDate);
+        connect(date, &DateField::dateChanged, this, &HeaderPanel::settingChanged);
+        return date;
+    }
+    case HeaderField::reminder:
+        return new DateField(m_context.session.today(), this);
+    case HeaderField::partner: {
+        auto *partner =
+            new PickField(partnerSource(m_context, m_spec.kind->partnerKind), formats, this);
+        connect(partner, &PickField::chosen, this, [this] {
+            showBalance();
+            if (m_spec.isSale())
+                pick(HeaderField::clerk)
+                    ->setSource(employeeSource(m_context, EmployeeDuty::sale, this->partner()));
+            Q_EMIT partnerChanged();
+            Q_EMIT settingChanged();
+        });
+        return partner;
+    }
+    case HeaderField::warehouse: {
+        auto *warehouse = new PickField(warehouseSource(m_context), formats, this);
+        connect(warehouse, &PickField::chosen, this, &HeaderPanel::settingChanged);
+        return warehouse;
+    }
+    case HeaderField::clerk:
+        return new PickField(
+            employeeSource(m_context, m_spec.isSale() ? EmployeeDuty::sale : EmployeeDuty::purchase,
+                           {}),
+            formats, this);
+    case HeaderField::invoiced:
+    case HeaderField::freight:
+    case HeaderField::packing:
+        return new NumberField(ValueKind::amount, formats, this);
+    case HeaderField::freightTerms: {
+        auto *terms = new QComboBox(this);
+        terms->addItems({QStringLiteral("对方付运费"), QStringLiteral("我方付运费")});
+        return terms;
+    }
+    default: {
+        auto *line = new QLineEdit(this);
+        line->setMaxLength(field == HeaderField::note ? 200 : 50);
+        if (field == HeaderField::note)
+            line->setPlaceholderText(QStringLiteral("F2 常用备注"));
+        return line;
+    }
+    }
+}
+
+void HeaderPanel::build() {
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(12, 8, 12, 8);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(8);
+    int cell = 0;
+    const auto place = [&](const QString &caption, QWidget *widget, int span) {
+        if (cell % pairsPerLine + span > pairsPerLine)
+            cell += pairsPerLine - cell % pairsPerLine;
+        const int line = cell / pairsPerLine, column = cell % pairsPerLine * 2;
+        auto *label = new QLabel(caption, this);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        label->setProperty("quiet", true);
+        grid->addWidget(label, line, column);
+        grid->addWidget(widget, line, column + 1, 1, span * 2 - 1);
+        cell += span;
+    };
+    place(QStringLiteral("单据号"), m_number, 1);
+    for (const HeaderField field : m_spec.header) {
+        QWidget *widget = make(field);
+        widget->setObjectName(captionOf(field, m_spec));
+        widget->installEventFilter(this);
+        m_widgets.insert(static_cast<int>(field), widget);
+        if (isForLater(field)) {
+            widget->setEnabled(false);
+            widget->setToolTip(QStringLiteral("尚未提供"));
+        }
+        if (auto *line = qobject_cast<QLineEdit *>(widget))
+            connect(line, &QLineEdit::textEdited, this, &HeaderPanel::edited);
+        if (auto *box = qobject_cast<QComboBox *>(widget))
+            connect(box, &QComboBox::activated, this, &HeaderPanel::edited);
+        if (auto *choice = qobject_cast<PickField *>(widget))
+            connect(choice, &PickField::chosen, this, &HeaderPanel::edited);
+        if (field == HeaderField::partner && m_spec.followsSource) {
+            widget->setEnabled(false); // the source's
+        }
+        place(captionOf(field, m_spec), widget, field == HeaderField::note ? 2 : 1);
+        if (field == HeaderField::partner) {
+            if (m_spec.hasMoney)
+                place(m_spec.isSale() ? QStringLiteral("应收余额") : QStringLiteral("应付余额"),
+                      m_balance, 1);
+            else
+                m_balance->hide();
+        }
+    }
+    for (int i = 0; i < pairsPerLine; ++i)
+        grid->setColumnStretch(i * 2 + 1, 1);
+}
+
+PickField *HeaderPanel::pick(HeaderField field) const {
+    return qobject_cast<PickField *>(widget(field));
+}
+
+QString HeaderPanel::partner() const {
+    return pick(HeaderField::partner)->code();
+}
+
+QString HeaderPanel::warehouse() const {
+    return pick(HeaderField::warehouse)->code();
+}
+
+QString HeaderPanel::date() const {
+    return static_cast<DateField *>(widget(HeaderField::date))->date();
+}
+
+void HeaderPanel::showBalance() {
+    if (!m_spec.hasMoney)
+        return;
+    const Decimal balance =
+        partner().isEmpty()
+            ? Decimal()
+            : CurrentBalance(m_context.session.db(), {m_spec.kind->partnerKind, partner()});
+    m_balance->setText(Formats(m_context.session.parameters).money(balance));
+    m_balance->setProperty("danger", balance.isPositive());
+    m_balance->style()->unpolish(m_balance);
+    m_balance->style()->polish(m_balance);
+}
+
+void HeaderPanel::fill(const Draft &draft) {
+    m_number->setText(draft.number.isEmpty() ? QStringLiteral("自动编号") : draft.number);
+    const auto setText = [&](HeaderField field, const QString &text) {
+        if (auto *line = qobject_cast<QLineEdit *>(widget(field)))
+            line->setText(text);
+    };
+    const auto setAmount = [&](HeaderField field, Decimal amount) {
+        auto *number = qobject_cast<NumberField *>(widget(field));
+        if (number == nullptr)
+            return;
+        number->clear();
+        if (!amount.isZero())
+            number->setValue(amount);
+    };
+    const QSignalBlocker quiet(widget(HeaderField::date));
+    setText(HeaderField::date, draft.date);
+    pick(HeaderField::partner)->setCode(draft.partner);
+    pick(HeaderField::warehouse)->setCode(draft.warehouse);
+    if (m_spec.isSale())
+        pick(HeaderField::clerk)
+            ->setSource(employeeSource(m_context, EmployeeDuty::sale, draft.partner));
+    pick(HeaderField::clerk)->setCode(draft.clerk);
+    setText(HeaderField::supplierNumber, draft.supplierNumber);
+    setText(HeaderField::invoiceNo, draft.invoiceNo);
+    setAmount(HeaderField::invoiced, draft.invoiced);
+    setAmount(HeaderField::freight, draft.freight);
+    setAmount(HeaderField::packing, draft.packing);
+    if (auto *terms = qobject_cast<QComboBox *>(widget(HeaderField::freightTerms)))
+        terms->setCurrentIndex(qMax(0, terms->findText(draft.freightTerms)));
+    setText(HeaderField::reminder, draft.reminderDate);
+    setText(HeaderField::member, draft.member);
+    setText(HeaderField::contract, draft.contract);
+    setText(HeaderField::note, draft.note);
+    showBalance();
+}
+
+void HeaderPanel::collect(Draft &draft) const {
+    const auto text = [&](HeaderField field, QString &into) {
+        if (auto *line = qobject_cast<QLineEdit *>(widget(field)))
+            into = line->text().trimmed();
+    };
+    const auto amount = [&](HeaderField field, Decimal &into) {
+        if (auto *number = qobject_cast<NumberField *>(widget(field)))
+            into = number->value();
+    };
+    draft.date = date();
+    draft.partner = partner();
+    draft.warehouse = warehouse();
+    draft.clerk = pick(HeaderField::clerk)->code();
+    text(HeaderField::supplierNumber, draft.supplierNumber);
+    text(HeaderField::invoiceNo, draft.invoiceNo);
+    amount(HeaderField::invoiced, draft.invoiced);
+    amount(HeaderField::freight, draft.freight);
+    amount(HeaderField::packing, draft.packing);
+    if (auto *terms = qobject_cast<QComboBox *>(widget(HeaderField::freightTerms)))
+        draft.freightTerms = terms->currentText();
+    if (auto *day = qobject_cast<DateField *>(widget(HeaderField::reminder)))
+        draft.reminderDate = day->date();
+    text(HeaderField::note, draft.note);
+}
+
+void HeaderPanel::setReadOnly(bool on) {
+    for (QWidget *field : std::as_const(m_widgets))
+        field->setEnabled(!on && field->isEnabled());
+}
+
+void HeaderPanel::start() {
+    for (const HeaderField field :
+         {HeaderField::partner, HeaderField::warehouse, HeaderField::clerk})
+        if (widget(field)->isEnabled() && pick(field)->code().isEmpty()) {
+            focusField(field);
+            return;
+        }
+    focusField(widget(HeaderField::partner)->isEnabled() ? HeaderField::partner
+                                                         : HeaderField::warehouse);
+}
+
+void HeaderPanel::focusField(HeaderField field) {
+    QWidget *target = widget(field);
+    if (target == nullptr)
+        return;
+    target->setFocus(Qt::OtherFocusReason);
+    if (auto *line = qobject_cast<QLineEdit *>(target))
+        line->selectAll();
+}
+
+/// The phrases that are used most come first; a chosen one is put where the cursor is.
+void HeaderPanel::openPhrases() {
+    auto *note = qobject_cast<QLineEdit *>(widget(HeaderField::note));
+    choosePhrase(m_context, note);
+}
+
+bool HeaderPanel::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (key->key() == Qt::Key_F2 && watched == widget(HeaderField::note)) {
+        openPhrases();
+        return true;
+    }
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+        return QWidget::eventFilter(watched, event);
+    if (auto *choice = qobject_cast<PickField *>(watched);
+        choice != nullptr && choice->isTyped() && !choice->commitTyped())
+        return true;
+    if (watched == widget(m_spec.header.back())) {
+        Q_EMIT finished();
+        return true;
+    }
+    focusNextChild();
+    return true;
+}
+
+} // namespace jxc

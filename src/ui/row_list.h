@@ -1,0 +1,25 @@
+#pragma once
+
+#include "db/row.h"
+
+namespace jxc {
+
+/// Makes rows for a grid of what is no query's result.
+class RowList {
+public:
+    explicit RowList(const std::vector<const char16_t *> &names) {
+        std::vector<QString> texts;
+        for (const char16_t *name : names)
+            texts.push_back(QString::fromUtf16(name));
+        m_columns = std::make_shared<const Columns>(std::move(texts));
+    }
+
+    void add(std::vector<Cell> cells) { m_rows.emplace_back(m_columns, std::move(cells)); }
+    [[nodiscard]] Rows take() { return std::move(m_rows); }
+
+private:
+    std::shared_ptr<const Columns> m_columns;
+    Rows m_rows;
+};
+
+} // namespace jxc
