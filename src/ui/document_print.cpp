@@ -11,6 +11,25 @@ namespace jxc {
 
 namespace {
 
+/// A slow spooler shows in the window that asked.
+class WaitCursor {
+public:
+    explicit WaitCursor(QWidget *window)
+        : m_window(window) {
+        if (m_window)
+            m_window->setCursor(Qt::WaitCursor);
+    }
+    ~WaitCursor() {
+        if (m_window)
+            m_window->unsetCursor();
+    }
+    WaitCursor(const WaitCursor &) = delete;
+    WaitCursor &operator=(const WaitCursor &) = delete;
+
+private:
+    QWidget *m_window;
+};
+
 /// Reads the document and does something with it; what stands in the way is said.
 bool withDocument(const FormContext &context, const QString &number,
                   const std::function<bool(const DocumentForm &)> &use) {
@@ -54,7 +73,8 @@ void printDocument(const FormContext &context, const QString &number, QWidget *p
     });
 }
 
-bool printDocumentNow(const FormContext &context, const QString &number) {
+bool printDocumentNow(const FormContext &context, const QString &number, QWidget *parent) {
+    const WaitCursor waiting(parent);
     return withDocument(context, number,
                         [&](const DocumentForm &document) { return sendNow(context, document); });
 }
