@@ -387,7 +387,7 @@ bool DocumentEditor::store(bool approve) {
 
 void DocumentEditor::afterApproval() {
     if (session().parameters.printsAfterApproval)
-        printDocumentNow(context(), m_base.number);
+        printDocumentNow(context(), m_base.number, this);
 }
 
 /// Goes to the line or field that is at fault.

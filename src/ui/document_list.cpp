@@ -395,7 +395,7 @@ void DocumentList::btnCheckClick() {
         return;
     const Outcome outcome = approveDocument(session(), prompter(), number);
     if (show(outcome) && session().parameters.printsAfterApproval)
-        printDocumentNow(context(), number);
+        printDocumentNow(context(), number, this);
     refresh();
 }
 

@@ -54,7 +54,7 @@ bool sendNow(const FormContext &context, const DocumentForm &document) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPrinterName(name);
     printer.setDocName(document.number());
-    printer.setCopyCount(document.settings().copies);
+    printer.setCopyCount(document.copies(file));
     if (!sendToPrinter(document.pages(file), memory.offset(name), printer)) {
         context.prompter.inform(QStringLiteral("打印机“%1”不能打印，").arg(name) + say,
                                 informCaption);
