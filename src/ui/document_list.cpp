@@ -343,7 +343,10 @@ DocumentEditor *DocumentList::makeEditor() {
     auto *editor = new DocumentEditor(context(), m_spec, this);
     editor->setAttribute(Qt::WA_DeleteOnClose);
     connect(editor, &DocumentEditor::saved, this, &DocumentList::afterChange);
-    connect(editor, &QDialog::finished, this, [this] { m_grid->setFocus(); });
+    connect(editor, &QDialog::finished, this, [this] {
+        activateWindow();
+        m_grid->setFocus();
+    });
     editor->resize(size());
     m_editor = editor;
     return editor;

@@ -197,6 +197,7 @@ void TestDocumentForms::goodsInAndOut() {
     press(Qt::Key_F8);
     QCOMPARE(desk.stock(QStringLiteral("10000005")).section(u' ', 0, 1), QStringLiteral("6 10"));
     goodsIn.grid().setFocus();
+    desk.user.takeAsked();
     press(Qt::Key_F7); // the rest will never come
     QCOMPARE(desk.user.takeAsked().size(), 1);
     QCOMPARE(desk.stock(QStringLiteral("10000005")).section(u' ', 0, 1), QStringLiteral("6 6"));
@@ -241,6 +242,7 @@ void TestDocumentForms::leavingAsksAndRefusalsShowTheField() {
     desk.addGoods(QStringLiteral("10000007"));
     TF_Cgjh list(desk.context);
     DocumentEditor &editor = openNew(list);
+    editor.header().fillPartner({});
     press(Qt::Key_F5);
     QCOMPARE(desk.user.told.last(), QStringLiteral("供货商必须填写！"));
     QCOMPARE(QApplication::focusWidget(), editor.header().widget(HeaderField::partner));

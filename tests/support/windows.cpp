@@ -8,11 +8,14 @@ namespace jxc::test {
 
 namespace {
 
+/// Without a window manager nobody activates the window below a dialog that closes.
 QWidget *focused() {
     QCoreApplication::processEvents();
-    QWidget *widget = QApplication::focusWidget();
-    if (widget == nullptr) qFatal("no widget has the focus");
-    return widget;
+    if (QApplication::activeWindow() == nullptr && QApplication::activeModalWidget() != nullptr)
+        QApplication::activeModalWidget()->activateWindow();
+    if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }, 2000))
+        qFatal("no widget has the focus");
+    return QApplication::focusWidget();
 }
 
 } // namespace
