@@ -112,6 +112,10 @@ void TestServicesForms::backsUpAndRestores() {
              QStringList(2, u"恢复后当前帐套的数据将全部被替换，确认恢复吗？"_qs));
     QCOMPARE(office.shop.user.told.last(), u"恢复完成！"_qs);
     QVERIFY(!office.shop.db.exists(hasCustomer));
+    // The replaced set is kept: beside the file, or with the backups of a server.
+    const QString kept = currentEngine() == Engine::Sqlite ? office.shop.place.folder() : folder;
+    QVERIFY(QFile::exists(
+        kept + u"/jxc26_03_31_09_00_0%1.DAT"_qs.arg(currentEngine() == Engine::Sqlite ? 0 : 1)));
 }
 
 void TestServicesForms::smallBackup() {
