@@ -10,7 +10,7 @@ namespace jxc {
 
 namespace {
 
-constexpr qint64 longestGap = 40; // milliseconds; nobody types a dozen keys at that pace
+constexpr quint64 longestGap = 40; // milliseconds; nobody types a dozen keys at that pace
 constexpr qsizetype shortestScan = 8;
 
 } // namespace
@@ -27,6 +27,16 @@ void ScanCatcher::begin() {
     m_before = m_field ? m_field->text() : QString();
 }
 
+/// By the time at which the key was pressed, not by that at which a busy program hears of it.
+bool ScanCatcher::isQuick(const QKeyEvent &key) {
+    const quint64 last = std::exchange(m_lastKey, key.timestamp());
+    const bool timed = last != 0 && key.timestamp() != 0;
+    const bool quick = timed ? key.timestamp() - last <= longestGap
+                             : m_sinceLast.isValid() && m_sinceLast.elapsed() <= qint64(longestGap);
+    m_sinceLast.start();
+    return quick;
+}
+
 bool ScanCatcher::eventFilter(QObject *watched, QEvent *event) {
     auto *widget = qobject_cast<QWidget *>(watched);
     // A key reaches the focus widget first; its journey through the parents is no new key.
@@ -35,8 +45,7 @@ bool ScanCatcher::eventFilter(QObject *watched, QEvent *event) {
         return false;
     const auto *key = static_cast<QKeyEvent *>(event);
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    const bool quick = m_sinceLast.isValid() && m_sinceLast.elapsed() <= longestGap;
-    m_sinceLast.start();
+    const bool quick = isQuick(*key);
     if (!quick && !enter)
         begin();
     if (!enter) {

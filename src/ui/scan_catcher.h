@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 
+class QKeyEvent;
 class QLineEdit;
 class QWidget;
 
@@ -29,10 +30,12 @@ protected:
 
 private:
     void begin();
+    bool isQuick(const QKeyEvent &key);
 
     QWidget *m_window;
     std::function<bool(const QString &)> m_knows;
-    QElapsedTimer m_sinceLast;
+    QElapsedTimer m_sinceLast; ///< where the platform gives no time of the key
+    quint64 m_lastKey = 0;
     QString m_burst;
     QPointer<QLineEdit> m_field; ///< that had the focus when the burst began
     QString m_before;            ///< what it held then

@@ -116,7 +116,7 @@ void TestDocumentForms::saleOnAccountWithBatches() {
     bool chosen = false;
     atNextDialog([&](QWidget *dialog) { // two batches: the list opens by itself, first to expire first
         chosen = dialog->objectName() == u"TF_BatchSele";
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        press(Qt::Key_Return);
     });
     enter(QStringLiteral("10000002"));
     QVERIFY(chosen);
@@ -169,7 +169,7 @@ void TestDocumentForms::returnsNameTheirSource() {
     for (const auto &kind : kinds) {
         DocumentEditor &editor = openNew(*kind.list);
         enter(QStringLiteral("普通"));
-        atNextDialog([](QWidget *) { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); });
+        atNextDialog([](QWidget *) { press(Qt::Key_Return); });
         press(Qt::Key_F9);
         QCOMPARE(editor.draft().lines.size(), size_t(1));
         type(QStringLiteral("1"));
@@ -289,9 +289,7 @@ void TestDocumentForms::scansAddUp() {
     // A scanner hits a quantity field: the field stays as it was.
     editor.table().edit(0, LineField::quantity);
     QTest::qWait(60);
-    for (const char sign : QByteArray("69010000008"))
-        if (sign != '\0') QTest::keyClick(QApplication::focusWidget(), sign);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    scan(QStringLiteral("69010000008"));
     QCOMPARE(editor.draft().lines[0].quantity, 3_d);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QTimer>
 
 namespace jxc::test {
@@ -43,6 +44,22 @@ void enter(const QString &text) {
     press(Qt::Key_Return);
 }
 
+void scan(const QString &barcode) {
+    static quint64 now = 1'000'000;
+    now += 10'000;
+    const auto send = [](int key, const QString &text) {
+        for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(kind, key, Qt::NoModifier, text);
+            event.setTimestamp(now);
+            QApplication::sendEvent(focused(), &event);
+        }
+        now += 5;
+    };
+    for (const QChar sign : barcode)
+        send(sign.unicode(), QString(sign));
+    send(Qt::Key_Return, QStringLiteral("\r"));
+}
+
 void atNextDialog(std::function<void(QWidget *)> act) {
     auto *timer = new QTimer;
     auto tries = std::make_shared<int>(0);
@@ -50,7 +67,13 @@ void atNextDialog(std::function<void(QWidget *)> act) {
     QObject::connect(timer, &QTimer::timeout, timer, [timer, tries, before, act = std::move(act)] {
         QWidget *dialog = QApplication::activeModalWidget();
         if (dialog == nullptr || dialog == before) {
-            if (++*tries > 200) qFatal("no dialog came");
+            if (++*tries > 500) qFatal("no dialog came");
+            return;
+        }
+        // Shown, but not yet where the keys go.
+        if (QApplication::focusWidget() == nullptr || QApplication::focusWidget()->window() != dialog) {
+            if (++*tries > 500) qFatal("the dialog has no focus");
+            dialog->activateWindow();
             return;
         }
         timer->deleteLater();

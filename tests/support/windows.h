@@ -34,6 +34,8 @@ void type(const QString &text);
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// Types, then Enter.
 void enter(const QString &text = {});
+/// What a scanner sends: the signs five milliseconds apart, and Enter.
+void scan(const QString &barcode);
 /// Does something to the next modal window, once it is there, and goes on. Stops the test when none
 /// comes.
 void atNextDialog(std::function<void(QWidget *)> act);
