@@ -124,6 +124,17 @@ void Grid::setRows(Rows rows) {
     Q_EMIT currentChanged();
 }
 
+void Grid::appendRows(Rows rows) {
+    m_model->appendRows(std::move(rows));
+    m_sums->setContents(QStringLiteral("正在读取：%1").arg(m_model->rows().size()), {});
+}
+
+void Grid::finishRows() {
+    if (m_model->isArranged())
+        goToLine(m_model->rearrange(m_view->currentIndex().row()));
+    refreshFooter();
+}
+
 const Row *Grid::current() const {
     const QModelIndex index = m_view->currentIndex();
     return index.isValid() ? &m_model->at(index.row()) : nullptr;
