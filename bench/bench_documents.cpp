@@ -147,7 +147,7 @@ void measureEntry(Session &session) {
         d.partner = request.partner;
         d.warehouse = d.clerk = administratorNo;
         for (int i = 0; i < 20; ++i) {
-            DraftLine line{.goods = QString::number(30'000'000 + i)};
+            DraftLine line{.goods = QString::number(30'000'100 + i)};
             line.quantity = 2;
             line.price = 12;
             d.lines.push_back(line);

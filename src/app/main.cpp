@@ -1,5 +1,6 @@
 // jxc: the desktop program.
 #include "app/program.h"
+#include "ui/icons.h"
 #include "ui/theme.h"
 
 using namespace jxc;
@@ -11,6 +12,8 @@ int main(int argc, char **argv) {
     useFixedLocale();
     useChineseWords();
     applyTheme(application, Theme::light());
+    QApplication::setWindowIcon(
+        iconPixmap(QStringLiteral("product"), Theme::light().accent, 64, 1.0));
     Program program(application, readOptions(application));
     if (!program.start())
         return 1;

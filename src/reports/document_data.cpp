@@ -3,7 +3,6 @@
 #include "core/approval.h"
 #include "db/database.h"
 #include "db/schema.h"
-#include "reports/print_settings.h"
 #include "stock/document_kind.h"
 
 namespace jxc {
@@ -38,13 +37,12 @@ public:
         : m_session(session)
         , m_kind(kind)
         , m_number(std::move(number))
-        , m_settings(PrintSettings::load(session.db()))
         , m_data(PrintData::of(session)) {}
 
     PrintData read() {
         readHead();
         readLines();
-        m_data.vars.insert(QStringLiteral("foot"), m_settings.foot);
+        m_data.vars.insert(QStringLiteral("foot"), m_session.parameters.printedHint);
         m_data.vars.insert(QStringLiteral("operator"), m_session.currentOperatorName);
         m_data.vars.insert(QStringLiteral("now"), m_session.timeStamp());
         return std::move(m_data);
@@ -146,7 +144,8 @@ private:
                            "from %1 l left join jxc_goods g on g.g_sn=l.g_sn where l.%2=? "
                            "order by %3l.id,g.id")
                 .arg(m_kind.lineTable, m_kind.numberColumn,
-                     m_settings.byGoodsCode ? QStringLiteral("l.g_sn,") : QString());
+                     m_session.parameters.printsByGoodsCode ? QStringLiteral("l.g_sn,")
+                                                            : QString());
         qint64 previous = 0;
         for (const Row &row : m_session.db().rows(sql, {m_number})) {
             // A goods code that an older file holds twice must not print its line twice.
@@ -226,7 +225,6 @@ private:
     const Session &m_session;
     const DocumentKind &m_kind;
     QString m_number;
-    PrintSettings m_settings;
     PrintData m_data;
 };
 

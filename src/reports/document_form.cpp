@@ -10,7 +10,7 @@ namespace jxc {
 DocumentForm::DocumentForm(const Session &session, const QString &home, const QString &number)
     : m_home(home)
     , m_number(number)
-    , m_settings(PrintSettings::load(session.db()))
+    , m_copies(qBound(1, session.parameters.copiesAfterApproval, 99))
     , m_data(documentData(session, number)) {
     const DocumentKind &kind = *findDocumentKind(number); // documentData has refused any other
     m_title = kind.title;
@@ -35,7 +35,7 @@ Pages DocumentForm::pages(const QString &templateFile) const {
 
 int DocumentForm::copies(const QString &templateFile) const {
     const int asked = loadTemplate(m_home, templateFile).copies;
-    return asked > 1 ? asked : m_settings.copies;
+    return asked > 1 ? asked : m_copies;
 }
 
 bool saveDocumentPdf(const Session &session, const QString &home, const QString &number,

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "reports/pages.h"
-#include "reports/print_settings.h"
 #include "reports/template_files.h"
 
 namespace jxc {
@@ -20,7 +19,6 @@ public:
     [[nodiscard]] const std::vector<TemplateChoice> &choices() const { return m_choices; }
     /// The template that was chosen for the kind before, if it may be used; else the one that fits.
     [[nodiscard]] QString proposed(const QString &chosenBefore) const;
-    [[nodiscard]] const PrintSettings &settings() const { return m_settings; }
     /// Printed before: the paper says so.
     [[nodiscard]] bool isAgain() const { return m_again; }
 
@@ -31,7 +29,7 @@ public:
 
 private:
     QString m_home, m_number, m_title, m_kind;
-    PrintSettings m_settings;
+    int m_copies; ///< that the parameters ask for
     PrintData m_data;
     std::vector<TemplateChoice> m_choices;
     bool m_again = false;

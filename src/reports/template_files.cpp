@@ -1,7 +1,6 @@
 #include "reports/template_files.h"
 
 #include "db/database.h"
-#include "reports/print_settings.h"
 #include "stock/document_kind.h"
 
 #include <QDir>
@@ -61,8 +60,7 @@ qsizetype fitting(const Session &session, const DocumentKind &kind, const PrintD
     if (count == 2)
         return session.rights.showCostPrice ? 0 : 1;
     if (count == 4)
-        return (hasTax(data, kind) ? 1 : 0) +
-               (PrintSettings::load(session.db()).showRetailPrice ? 2 : 0);
+        return (hasTax(data, kind) ? 1 : 0) + (session.parameters.showsRetailPrice ? 2 : 0);
     return 0;
 }
 

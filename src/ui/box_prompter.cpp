@@ -1,5 +1,8 @@
 #include "ui/box_prompter.h"
 
+#include "ui/icons.h"
+#include "ui/theme.h"
+
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QMessageBox>
@@ -21,7 +24,8 @@ QWidget *windowInFront() {
     return QApplication::activeWindow();
 }
 
-void dress(QMessageBox &box, const QString &text, const QString &caption) {
+void dress(QMessageBox &box, const QString &text, const QString &caption, const QString &icon) {
+    box.setIconPixmap(iconPixmap(icon, Theme::current().accent, 32, box.devicePixelRatioF()));
     box.setWindowTitle(caption);
     box.setTextFormat(Qt::PlainText); // a goods name may hold what looks like markup
     box.setText(shown(text));
@@ -31,8 +35,7 @@ void dress(QMessageBox &box, const QString &text, const QString &caption) {
 
 void BoxPrompter::inform(const QString &text, const QString &caption) {
     QMessageBox box(windowInFront());
-    dress(box, text, caption);
-    box.setIcon(QMessageBox::Information);
+    dress(box, text, caption, QStringLiteral("info"));
     auto *button = box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
     box.setDefaultButton(button);
     box.setEscapeButton(button);
@@ -41,8 +44,7 @@ void BoxPrompter::inform(const QString &text, const QString &caption) {
 
 bool BoxPrompter::confirm(const QString &text, const QString &caption) {
     QMessageBox box(windowInFront());
-    dress(box, text, caption);
-    box.setIcon(QMessageBox::Question);
+    dress(box, text, caption, QStringLiteral("help"));
     auto *yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
     auto *no = box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole);
     box.setDefaultButton(yes);

@@ -1,10 +1,12 @@
 #include "base/identity_number.h"
 #include "core/session.h"
+#include "db/schema.h"
 #include "stock/buyers.h"
 #include "ui/document_dialogs.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
@@ -31,12 +33,12 @@ public:
             this);
         note->setProperty("quiet", true);
         m_form->addRow(note);
-        m_name = add(QStringLiteral("姓名"), 20);
-        m_identity = add(QStringLiteral("身份证号"), 18);
-        m_mobile = add(QStringLiteral("手机"), 20);
-        m_address = add(QStringLiteral("地址"), 100);
-        m_use = add(QStringLiteral("用途"), 100);
-        m_prescription = add(QStringLiteral("处方号"), 50);
+        m_name = add(QStringLiteral("姓名"), u"ls_xm");
+        m_identity = add(QStringLiteral("身份证号"), u"ls_cardno");
+        m_mobile = add(QStringLiteral("手机"), u"t_mobile");
+        m_address = add(QStringLiteral("地址"), u"t_addr");
+        m_use = add(QStringLiteral("用途"), u"t_cfsm");
+        m_prescription = add(QStringLiteral("处方号"), u"t_cfhm");
         auto *buttons = new QDialogButtonBox(this);
         buttons->addButton(QStringLiteral("确定 F5"), QDialogButtonBox::AcceptRole)
             ->setAutoDefault(false);
@@ -64,10 +66,17 @@ public:
                 m_use->text().trimmed(),    m_prescription->text().trimmed()};
     }
 
+protected:
+    /// Enter goes from field to field; it is no click on the default button.
+    void keyPressEvent(QKeyEvent *event) override {
+        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+            QDialog::keyPressEvent(event);
+    }
+
 private:
-    QLineEdit *add(const QString &caption, int length) {
+    QLineEdit *add(const QString &caption, const char16_t *storedIn) {
         auto *field = new QLineEdit(this);
-        field->setMaxLength(length);
+        field->setMaxLength(column(u"jxc_lsxssp", QStringView(storedIn))->length);
         field->setObjectName(caption);
         m_form->addRow(caption, field);
         connect(field, &QLineEdit::returnPressed, this, [this, field] {

@@ -25,7 +25,8 @@ QToolButton *CommandBar::add(const QString &caption, const QKeySequence &key, co
     button->setFocusPolicy(Qt::NoFocus);
     button->setToolButtonStyle(icon.isEmpty() ? Qt::ToolButtonTextOnly
                                               : Qt::ToolButtonTextBesideIcon);
-    button->setShortcut(key);
+    if (!key.isEmpty()) // a button's own shortcut would click a tenth of a second later
+        connect(new QShortcut(key, this), &QShortcut::activated, button, &QToolButton::click);
     connect(button, &QToolButton::clicked, this, [action] { action(); });
     m_row->addWidget(button);
     if (!icon.isEmpty()) {

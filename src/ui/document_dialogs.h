@@ -48,6 +48,11 @@ void showPastPrices(const FormContext &context, const DocumentFormSpec &spec,
 void chooseSource(const FormContext &context, const DocumentFormSpec &spec, DocumentLines &lines,
                   HeaderPanel &header, Draft &base, QWidget *parent);
 
+/// Brings all open lines of one receipt or sale; `base` gets its partner and, when nothing was
+/// entered yet, the header its warehouse.
+void followSource(const FormContext &context, const DocumentFormSpec &spec, DocumentLines &lines,
+                  HeaderPanel &header, Draft &base, const QString &number);
+
 /// Adds one of the scanned goods to a goods-in or goods-out document, from the oldest open line of
 /// the warehouse. False when nothing is open for it.
 bool addScanOfSource(const FormContext &context, const DocumentFormSpec &spec, DocumentLines &lines,

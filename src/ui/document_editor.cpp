@@ -241,6 +241,14 @@ bool DocumentEditor::openToRead(const QString &number) {
     return true;
 }
 
+void DocumentEditor::takeSource(const QString &number) {
+    followSource(context(), m_spec, lines(), *m_header, m_base, number);
+    m_header->fillPartner(m_base.partner);
+    markChanged();
+    if (lines().rowCount() > 0)
+        m_table->edit(0, LineField::quantity);
+}
+
 Draft DocumentEditor::draft() const {
     Draft draft = m_base;
     m_header->collect(draft);
@@ -399,7 +407,7 @@ bool DocumentEditor::store(bool approve) {
 
 void DocumentEditor::afterApproval() {
     if (session().parameters.printsAfterApproval)
-        printDocumentNow(context(), m_base.number);
+        printDocumentNow(context(), m_base.number, this);
 }
 
 /// Goes to the line or field that is at fault.
@@ -470,7 +478,11 @@ void DocumentEditor::btnDiscountClick() {
 
 void DocumentEditor::btnSourceClick() {
     chooseSource(context(), m_spec, lines(), *m_header, m_base, this);
+    if (m_spec.followsSource)
+        m_header->fillPartner(m_base.partner);
     markChanged();
+    if (lines().count() > 0)
+        m_table->edit(0, LineField::quantity);
 }
 
 void DocumentEditor::btnBatchClick() {

@@ -31,6 +31,8 @@ public:
     void openNumber(const QString &number);
     /// Opens a stored document, draft or approved, to read only. False when it is not there.
     bool openToRead(const QString &number);
+    /// Brings the open lines of a receipt or sale, as F9 does.
+    void takeSource(const QString &number);
 
     [[nodiscard]] HeaderPanel &header() { return *m_header; }
     [[nodiscard]] LineTable &table() { return *m_table; }

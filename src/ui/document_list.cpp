@@ -49,10 +49,13 @@ DocumentList::DocumentList(const FormContext &context, const DocumentFormSpec &s
 void DocumentList::build() {
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
+    m_tabs->setUsesScrollButtons(false);
+    m_tabs->setElideMode(Qt::ElideNone);
     m_tabs->addTab(QStringLiteral("待审核"));
     m_tabs->addTab(QStringLiteral("已审核"));
-    m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、%1、备注").arg(m_spec.partnerWord));
-    m_search->setFixedWidth(220);
+    m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、备注"));
+    m_search->setMinimumWidth(140);
+    m_search->setMaximumWidth(220);
     m_search->setClearButtonEnabled(true);
     m_search->setMaxLength(100);
     for (auto [field, hint] :
@@ -60,7 +63,7 @@ void DocumentList::build() {
           std::pair(m_goods, QStringLiteral("商品"))}) {
         field->setPlaceholderText(hint);
         field->setClearable(true);
-        field->setFixedWidth(112);
+        field->setFixedWidth(96);
         connect(field, &PickField::chosen, this, &DocumentList::refresh);
         connect(field, &PickField::cleared, this, &DocumentList::refresh);
     }
@@ -76,11 +79,10 @@ void DocumentList::build() {
     line->setSpacing(8);
     line->addWidget(m_tabs);
     line->addWidget(m_period);
-    line->addStretch(1);
     line->addWidget(m_warehouse);
     line->addWidget(m_partner);
     line->addWidget(m_goods);
-    line->addWidget(m_search);
+    line->addWidget(m_search, 1);
     layout->addLayout(line);
     auto *split = new QSplitter(Qt::Vertical, this);
     split->setChildrenCollapsible(false);
@@ -97,7 +99,6 @@ void DocumentList::build() {
             m_period->choose(PeriodChoice::thisMonth);
         else
             m_period->choose(PeriodChoice::allTime);
-        tabChosen(tab());
     });
     connect(m_period, &PeriodBar::periodChanged, this, &DocumentList::refresh);
     connect(m_search, &QLineEdit::returnPressed, this, [this] {
@@ -139,7 +140,7 @@ void DocumentList::addActions() {
     add("btnCheckAll", QStringLiteral("全部审核"), QKeySequence(QStringLiteral("Shift+F8")),
         &DocumentList::btnCheckAllClick);
     add("btnCancel", QStringLiteral("取消审核"), Qt::Key_F9, &DocumentList::btnCancelClick);
-    addOwnActions();
+    m_actions->markPlace();
     m_actions->addSeparator();
     add("btnPrint", QStringLiteral("打印"), Qt::Key_F12, &DocumentList::btnPrintClick);
     addAction(QStringLiteral("btnExport"), QStringLiteral("导出"),
@@ -226,14 +227,24 @@ ColumnSpecs DocumentList::lineColumnsOfKind() const {
     return columns;
 }
 
-int DocumentList::addTab(const QString &caption) {
+void DocumentList::addOwnTab(const QString &caption) {
     const QSignalBlocker quiet(m_tabs);
-    m_tabs->insertTab(m_ownTabs, caption);
+    m_tabs->insertTab(m_ownTabs++, caption);
     m_tabs->setCurrentIndex(0);
-    return m_ownTabs++;
 }
 
-/// 0 待审核, 1 已审核, negative the kind's own from the left.
+void DocumentList::useColumnsOfTab() {
+    if (m_ownColumns == isOnOwnTab())
+        return;
+    m_ownColumns = isOnOwnTab();
+    m_grid->setName(m_spec.formClass + (m_ownColumns ? QStringLiteral("_Source") : QString()));
+    m_grid->setColumns(m_ownColumns ? ownColumns() : headColumns());
+}
+
+QString DocumentList::warehouse() const {
+    return m_warehouse->code();
+}
+
 int DocumentList::tab() const {
     return m_tabs->currentIndex() - m_ownTabs;
 }
@@ -253,8 +264,11 @@ void DocumentList::FormActivate() {
 }
 
 void DocumentList::refresh() {
-    if (tab() < 0) {
-        refreshOwnTab(m_tabs->currentIndex());
+    useColumnsOfTab();
+    if (isOnOwnTab()) {
+        const QString stay = currentNumber();
+        m_grid->setRows(ownRows());
+        m_grid->goTo(u"number", stay);
         return;
     }
     DocumentFilter filter;
@@ -303,8 +317,10 @@ QString DocumentList::currentNumber() const {
 
 QString DocumentList::neededNumber() {
     const QString number = currentNumber();
-    if (number.isEmpty())
+    if (number.isEmpty() || isOnOwnTab()) {
         tellNoRow(prompter());
+        return {};
+    }
     return number;
 }
 
@@ -327,7 +343,10 @@ DocumentEditor *DocumentList::makeEditor() {
     auto *editor = new DocumentEditor(context(), m_spec, this);
     editor->setAttribute(Qt::WA_DeleteOnClose);
     connect(editor, &DocumentEditor::saved, this, &DocumentList::afterChange);
-    connect(editor, &QDialog::finished, this, [this] { m_grid->setFocus(); });
+    connect(editor, &QDialog::finished, this, [this] {
+        activateWindow();
+        m_grid->setFocus();
+    });
     editor->resize(size());
     m_editor = editor;
     return editor;
@@ -354,6 +373,10 @@ void DocumentList::edit(const QString &number) {
 }
 
 void DocumentList::btnModifyClick() {
+    if (isOnOwnTab()) {
+        openOwnRow();
+        return;
+    }
     const QString number = neededNumber();
     if (number.isEmpty())
         return;
@@ -375,13 +398,13 @@ void DocumentList::btnCheckClick() {
         return;
     const Outcome outcome = approveDocument(session(), prompter(), number);
     if (show(outcome) && session().parameters.printsAfterApproval)
-        printDocumentNow(context(), number);
+        printDocumentNow(context(), number, this);
     refresh();
 }
 
 /// All that the list shows, one by one; what is refused is told at the end.
 void DocumentList::btnCheckAllClick() {
-    if (showsApproved() || tab() < 0)
+    if (showsApproved() || isOnOwnTab())
         return;
     if (refuseWithout(m_spec.kind->approveRight, m_spec.title() + QStringLiteral("审核")))
         return;

@@ -4,6 +4,8 @@
 #include "ui/form.h"
 #include "ui/grid.h"
 
+#include <QPointer>
+
 class QLineEdit;
 class QTabBar;
 
@@ -45,16 +47,20 @@ public Q_SLOTS:
 protected:
     [[nodiscard]] const DocumentFormSpec &spec() const { return m_spec; }
     [[nodiscard]] ActionBar &actionBar() { return *m_actions; }
-    /// Actions of the kind itself, between approval and printing.
-    virtual void addOwnActions() {}
     [[nodiscard]] QString currentNumber() const;
     QAction *addAction(const QString &name, const QString &caption, const QKeySequence &key,
                        std::function<void()> run);
-    /// Tabs before 待审核, of a kind that has its own (待入库).
-    int addTab(const QString &caption);
-    [[nodiscard]] int tab() const;
-    virtual void refreshOwnTab(int) {}
-    virtual void tabChosen(int) {}
+    /// A tab before 待审核, of a kind that has its own (待入库); it is shown first.
+    void addOwnTab(const QString &caption);
+    [[nodiscard]] bool isOnOwnTab() const { return tab() < 0; }
+    [[nodiscard]] QString warehouse() const;
+    virtual ColumnSpecs ownColumns() const { return {}; }
+    virtual Rows ownRows() { return {}; }
+    /// What Enter does on the own tab.
+    virtual void openOwnRow() {}
+    DocumentEditor *makeEditor();
+    [[nodiscard]] bool refuseWithout(int right, const QString &action);
+    void goToAfterRefresh(const QString &number) { m_goTo = number; }
 
 private:
     void build();
@@ -63,9 +69,11 @@ private:
     [[nodiscard]] ColumnSpecs headColumns() const;
     [[nodiscard]] ColumnSpecs lineColumnsOfKind() const;
     [[nodiscard]] bool may(int right) const;
-    [[nodiscard]] bool refuseWithout(int right, const QString &action);
+    /// The current document; empty, and told so, without one.
     [[nodiscard]] QString neededNumber();
-    DocumentEditor *makeEditor();
+    /// 0 待审核, 1 已审核, negative the kind's own from the left.
+    [[nodiscard]] int tab() const;
+    void useColumnsOfTab();
     void edit(const QString &number);
     void afterChange(const QString &number);
 
@@ -77,9 +85,9 @@ private:
     PickField *m_warehouse, *m_partner, *m_goods;
     Grid *m_grid, *m_lines;
     QPointer<DocumentEditor> m_editor;
-    QHash<int, QAction *> m_onDrafts, m_onApproved;
     QString m_goTo;
     int m_ownTabs = 0;
+    bool m_ownColumns = false; ///< the grid has those of the own tab
 };
 
 } // namespace jxc

@@ -11,6 +11,25 @@ namespace jxc {
 
 namespace {
 
+/// A slow spooler shows in the window that asked.
+class WaitCursor {
+public:
+    explicit WaitCursor(QWidget *window)
+        : m_window(window) {
+        if (m_window)
+            m_window->setCursor(Qt::WaitCursor);
+    }
+    ~WaitCursor() {
+        if (m_window)
+            m_window->unsetCursor();
+    }
+    WaitCursor(const WaitCursor &) = delete;
+    WaitCursor &operator=(const WaitCursor &) = delete;
+
+private:
+    QWidget *m_window;
+};
+
 /// Reads the document and does something with it; what stands in the way is said.
 bool withDocument(const FormContext &context, const QString &number,
                   const std::function<bool(const DocumentForm &)> &use) {
@@ -35,7 +54,7 @@ bool sendNow(const FormContext &context, const DocumentForm &document) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPrinterName(name);
     printer.setDocName(document.number());
-    printer.setCopyCount(document.settings().copies);
+    printer.setCopyCount(document.copies(file));
     if (!sendToPrinter(document.pages(file), memory.offset(name), printer)) {
         context.prompter.inform(QStringLiteral("打印机“%1”不能打印，").arg(name) + say,
                                 informCaption);
@@ -54,7 +73,8 @@ void printDocument(const FormContext &context, const QString &number, QWidget *p
     });
 }
 
-bool printDocumentNow(const FormContext &context, const QString &number) {
+bool printDocumentNow(const FormContext &context, const QString &number, QWidget *parent) {
+    const WaitCursor waiting(parent);
     return withDocument(context, number,
                         [&](const DocumentForm &document) { return sendNow(context, document); });
 }

@@ -15,6 +15,6 @@ void printDocument(const FormContext &context, const QString &number, QWidget *p
 /// Prints a document at once, on the printer last used for its kind, with the template that fits it
 /// and as many copies as the parameters say; for printing right after approval. What went wrong is
 /// said; true when it was sent to the printer.
-bool printDocumentNow(const FormContext &context, const QString &number);
+bool printDocumentNow(const FormContext &context, const QString &number, QWidget *parent);
 
 } // namespace jxc

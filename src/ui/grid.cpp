@@ -112,6 +112,7 @@ void Grid::setColumns(ColumnSpecs columns) {
     });
     m_model->setFormats(Formats(m_context.session.parameters));
     m_model->setColumns(std::move(columns));
+    m_layoutKept = false;
     restoreLayout();
 }
 

@@ -47,6 +47,8 @@ public:
     void goTo(QStringView field, const QString &text);
     void goToLine(int line);
 
+    /// Another set of columns keeps a layout of its own.
+    void setName(const QString &name) { m_name = name; }
     void setTitle(const QString &title) { m_title = title; }
     void setNotes(const QStringList &notes) { m_notes = notes; }
     /// Actions that the right click offers above the grid's own.

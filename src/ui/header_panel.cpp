@@ -55,6 +55,19 @@ QString captionOf(HeaderField field, const DocumentFormSpec &spec) {
     return {};
 }
 
+/// What fits into the column behind a text field.
+int lengthOf(HeaderField field, const DocumentFormSpec &spec) {
+    QString name = spec.kind->noteColumn;
+    if (field == HeaderField::supplierNumber)
+        name = QStringLiteral("j_sn2");
+    else if (field == HeaderField::invoiceNo)
+        name = spec.kind->prefix + QStringLiteral("_fpno");
+    else if (field != HeaderField::note)
+        return 20;
+    const Column *stored = column(spec.kind->headerTable, name);
+    return stored != nullptr && stored->length > 0 ? stored->length : 200;
+}
+
 /// Fields of work that is still to come stand there disabled.
 bool isForLater(HeaderField field) {
     return field == HeaderField::member || field == HeaderField::contract;
@@ -120,7 +133,7 @@ QWidget *HeaderPanel::make(HeaderField field) {
     }
     default: {
         auto *line = new QLineEdit(this);
-        line->setMaxLength(field == HeaderField::note ? 200 : 50);
+        line->setMaxLength(lengthOf(field, m_spec));
         if (field == HeaderField::note)
             line->setPlaceholderText(QStringLiteral("F2 常用备注"));
         return line;
@@ -240,6 +253,15 @@ void HeaderPanel::fill(const Draft &draft) {
     setText(HeaderField::contract, draft.contract);
     setText(HeaderField::note, draft.note);
     showBalance();
+}
+
+void HeaderPanel::fillPartner(const QString &partner) {
+    pick(HeaderField::partner)->setCode(partner);
+}
+
+void HeaderPanel::fillWarehouse(const QString &warehouse) {
+    pick(HeaderField::warehouse)->setCode(warehouse);
+    Q_EMIT settingChanged();
 }
 
 void HeaderPanel::collect(Draft &draft) const {

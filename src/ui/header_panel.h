@@ -25,6 +25,8 @@ public:
 
     void fill(const Draft &draft);
     void collect(Draft &draft) const;
+    void fillPartner(const QString &partner);
+    void fillWarehouse(const QString &warehouse);
     void setReadOnly(bool on);
     /// Where typing begins: the first field that has nothing yet.
     void start();

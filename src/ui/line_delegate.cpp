@@ -62,7 +62,7 @@ QWidget *LineDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         editor = new DateField(m_table->lines().today(), parent);
     } else {
         auto *line = new QLineEdit(parent);
-        line->setMaxLength(column.field == LineField::batch ? 50 : 100);
+        line->setMaxLength(column.field == LineField::batch ? 30 : 100);
         editor = line;
     }
     editor->setStyleSheet(QStringLiteral("border-radius: 0; min-height: 0; padding: 0 7px;"));
@@ -103,8 +103,14 @@ bool LineDelegate::take(QWidget *editor) {
         if (pick->isTyped() && !pick->commitTyped())
             return false;
     }
-    Q_EMIT commitData(editor);
+    // Picking a goods may have opened a dialog, or the next line: this editor is closed then.
+    if (isOpen(editor))
+        Q_EMIT commitData(editor);
     return true;
+}
+
+bool LineDelegate::isOpen(QWidget *editor) const {
+    return m_table->isEditing() && m_table->indexWidget(m_table->currentIndex()) == editor;
 }
 
 void LineDelegate::leave(QWidget *editor) {
@@ -114,13 +120,12 @@ void LineDelegate::leave(QWidget *editor) {
 bool LineDelegate::enter(QWidget *editor, int direction) {
     const QModelIndex cell = m_table->currentIndex();
     const bool wasBlank = m_table->lines().isBlank(cell.row());
-    const QPointer<QWidget> guard(editor);
     if (!take(editor))
         return true;
-    if (guard)
+    const bool stillHere = m_table->currentIndex() == cell;
+    if (isOpen(editor))
         leave(editor);
-    // Picking a goods may have gone elsewhere already: to a dialog, or to the next line.
-    if (m_table->currentIndex() != cell || m_table->isEditing())
+    if (!stillHere || m_table->isEditing())
         return true;
     if (wasBlank && m_table->lines().isBlank(cell.row())) {
         if (direction > 0)

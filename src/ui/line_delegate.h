@@ -25,6 +25,7 @@ private:
     [[nodiscard]] QWidget *goodsEditor(QWidget *parent, int row) const;
     [[nodiscard]] QWidget *unitEditor(QWidget *parent, int row) const;
     bool take(QWidget *editor);
+    [[nodiscard]] bool isOpen(QWidget *editor) const;
     void leave(QWidget *editor);
     bool enter(QWidget *editor, int direction);
 

@@ -44,7 +44,7 @@ QAction *ActionBar::add(const QString &name, const QString &caption, const QKeyS
         button->setText(hint.isEmpty() ? action->text()
                                        : QStringLiteral("%1 %2").arg(action->text(), hint));
     });
-    m_layout->insertWidget(m_layout->count() - 1, button);
+    insert(button);
     return action;
 }
 
@@ -53,11 +53,24 @@ void ActionBar::addSeparator() {
     line->setFrameShape(QFrame::VLine);
     line->setFixedHeight(20);
     line->setEnabled(false);
-    m_layout->insertWidget(m_layout->count() - 1, line);
+    insert(line);
+}
+
+void ActionBar::insert(QWidget *widget) {
+    m_layout->insertWidget(m_atPlace ? m_place++ : m_layout->count() - 1 - m_right, widget);
+}
+
+void ActionBar::markPlace() {
+    m_place = m_layout->count() - 1 - m_right;
+}
+
+void ActionBar::goToPlace() {
+    m_atPlace = m_place >= 0;
 }
 
 void ActionBar::addRight(QWidget *widget) {
     m_layout->addWidget(widget);
+    ++m_right;
 }
 
 void tellNoRow(Prompter &prompter) {

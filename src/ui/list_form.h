@@ -22,11 +22,20 @@ public:
     QAction *add(const QString &name, const QString &caption, const QKeySequence &key,
                  std::function<void()> run);
     void addSeparator();
+    /// Marks a place among the actions; after goToPlace() further ones come there. So a form that
+    /// is built on another can put its own actions where they belong.
+    void markPlace();
+    void goToPlace();
     /// Something at the right end.
     void addRight(QWidget *widget);
 
 private:
+    void insert(QWidget *widget);
+
     QHBoxLayout *m_layout;
+    int m_right = 0;  ///< widgets after the stretch
+    int m_place = -1; ///< where later forms insert
+    bool m_atPlace = false;
 };
 
 /// A window around one list: buttons, search, filters, grid.

@@ -20,6 +20,7 @@ PathField::PathField(What what, const QString &chooserTitle, const QString &filt
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_field, 1);
     row->addWidget(button);
+    setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(m_field);
 }
 

@@ -48,7 +48,7 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
     , m_to(new DateField(today, this)) {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
+    layout->setSpacing(0);
     const QString captions[] = {QStringLiteral("今天"), QStringLiteral("本周"),
                                 QStringLiteral("本月"), QStringLiteral("上月"),
                                 QStringLiteral("本年"), QStringLiteral("全部")};
@@ -61,8 +61,8 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
         m_buttons->addButton(button, id++);
         layout->addWidget(button);
     }
-    m_from->setFixedWidth(104);
-    m_to->setFixedWidth(104);
+    m_from->setFixedWidth(100);
+    m_to->setFixedWidth(100);
     layout->addWidget(m_from);
     layout->addWidget(new QLabel(QStringLiteral("至"), this));
     layout->addWidget(m_to);

@@ -15,7 +15,8 @@ public:
     PlainEditor(const FormContext &context, const QString &className, const QString &title,
                 QWidget *parent);
 
-    void FormActivate() override { m_shown = content(); }
+    /// Begins at the first field.
+    void FormActivate() override;
     bool mayLeave() override;
     void accept() override;
 
@@ -32,8 +33,11 @@ protected:
     void addBelowFields(QWidget *widget);
 
 private:
+    [[nodiscard]] QList<QWidget *> inOrder() const;
+
     QFormLayout *m_fields;
-    QPushButton *m_ok;
+    QWidget *m_below = nullptr;
+    QPushButton *m_ok, *m_cancel;
     QStringList m_shown;
 };
 

@@ -69,13 +69,8 @@ void followDocument(const FormContext &context, const DocumentFormSpec &spec, Do
     dialog.setMessage(QStringLiteral("空格勾选多张，回车确定；没有勾选时取当前行。"));
     if (!dialog.choose())
         return;
-    for (const Row *row : dialog.chosen()) {
-        base.partner = row->text(u"partnerNo");
-        for (const OpenLineOfSource &open :
-             openLinesOf(context.session, spec.code(), row->text(u"number"), header.warehouse()))
-            if (!hasSourceLine(lines, open.sourceLine))
-                lines.append(lineOf(open));
-    }
+    for (const Row *row : dialog.chosen())
+        followSource(context, spec, lines, header, base, row->text(u"number"));
 }
 
 /// Returns: choose lines of what the partner sold us or bought from us.
@@ -118,6 +113,20 @@ void chooseReturnable(const FormContext &context, const DocumentFormSpec &spec,
 }
 
 } // namespace
+
+void followSource(const FormContext &context, const DocumentFormSpec &spec, DocumentLines &lines,
+                  HeaderPanel &header, Draft &base, const QString &number) {
+    for (const OpenDocument &open : openDocuments(context.session, spec.code())) {
+        if (open.number != number)
+            continue;
+        base.partner = open.partner;
+        if (lines.count() == 0)
+            header.fillWarehouse(open.warehouse);
+    }
+    for (const OpenLineOfSource &open : openLinesOf(context.session, spec.code(), number))
+        if (!hasSourceLine(lines, open.sourceLine))
+            lines.append(lineOf(open));
+}
 
 void chooseSource(const FormContext &context, const DocumentFormSpec &spec, DocumentLines &lines,
                   HeaderPanel &header, Draft &base, QWidget *parent) {

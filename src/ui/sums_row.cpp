@@ -51,7 +51,7 @@ void SumsRow::paintEvent(QPaintEvent *) {
         const int wanted = painter.fontMetrics().horizontalAdvance(sum) + 16;
         const int size = m_columns->sectionSize(i);
         const QRect place(left - qMax(0, wanted - size), 0, qMax(size, wanted), height());
-        painter.drawText(place.adjusted(8, 0, -8, 0), int(Qt::AlignRight | Qt::AlignVCenter), sum);
+        painter.drawText(place.adjusted(8, 0, -11, 0), int(Qt::AlignRight | Qt::AlignVCenter), sum);
         labelEnd = qMin(labelEnd, place.left());
     }
     painter.setFont(font());

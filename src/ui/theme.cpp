@@ -68,6 +68,7 @@ QComboBox::drop-down, QDateEdit::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow, QDateEdit::down-arrow, QSpinBox::down-arrow {
     image: url(:/icons/arrow-down.svg); width: 12px; height: 12px; }
 QSpinBox::up-arrow { image: url(:/icons/arrow-up.svg); width: 12px; height: 12px; }
+QDateEdit { min-width: 96px; }
 QSpinBox::up-button, QSpinBox::down-button { border: none; width: 24px; }
 QPushButton { background: @surface; border: 1px solid @line; border-radius: 4px;
     padding: 0 16px; min-height: 28px; min-width: 56px; }

@@ -42,6 +42,28 @@ public:
         window->grab().save(m_folder + u'/' + name + QStringLiteral(".png"));
     }
 
+    /// The splash, the login, and the main window with each of its groups, on a small screen.
+    void takeShell() {
+        if (!wants(QStringLiteral("TF_MainForm"))) return;
+        TF_Loading loading(1'000'000);
+        loading.FormActivate();
+        loading.Timer1Timer();
+        take(&loading, QStringLiteral("TF_MainForm_loading"));
+        TF_Login login(m_registry.context(), QStringLiteral("hb"));
+        login.showModal();
+        take(&login, QStringLiteral("TF_MainForm_login"));
+        login.close();
+        TF_MainForm window(m_registry, 1'000'000);
+        const qreal scale = window.devicePixelRatioF();
+        window.resize(static_cast<int>(1366 / scale), static_cast<int>(768 / scale));
+        window.show();
+        window.FormActivate();
+        for (int group = 1; group <= 8; ++group) {
+            window.menuClick(group);
+            take(&window, QStringLiteral("TF_MainForm_%1").arg(group));
+        }
+    }
+
     void takeForm(const QString &name) {
         if (!wants(name)) return;
         Form *form = m_registry.openForm(name, {});
@@ -109,6 +131,7 @@ int main(int argc, char **argv) {
     FormRegistry registry(session, prompter, parser.value(home));
     registerForms(registry);
     Photographer photographer(registry, parser.value(out), parser.value(form));
+    photographer.takeShell();
     QStringList names = registry.knownForms();
     names.sort();
     for (const QString &name : names)

@@ -26,7 +26,6 @@ TF_PwdModi::TF_PwdModi(const FormContext &context, QWidget *parent)
 void TF_PwdModi::FormActivate() {
     for (QLineEdit *secret : {m_current, m_wanted, m_confirmation})
         secret->clear();
-    m_current->setFocus();
     PlainEditor::FormActivate();
 }
 

@@ -46,6 +46,8 @@ TF_Role_Add::TF_Role_Add(const FormContext &context, const Role *role, QWidget *
     bar->addStretch();
     column->addWidget(bar);
     column->addWidget(m_tree);
+    box->setFocusPolicy(Qt::TabFocus);
+    box->setFocusProxy(m_tree);
     addBelowFields(box);
     fillTree(role == nullptr ? noRights() : role->rights);
     resize(480, 600);

@@ -159,6 +159,9 @@ void TF_Backup::restore() {
     RestoreRequest request;
     request.file = m_file->path();
     request.hooks = upgradeHooks();
+    if (session().db().location().file.isEmpty()) // a server has no folder beside its data
+        request.keepFolder =
+            session().backup.folder.isEmpty() ? context().home : session().backup.folder;
     const RestoreOutcome result = restoreDatabase(session(), prompter(), request);
     if (!result.keptFile.isEmpty())
         m_state->setText(QStringLiteral("被替换的数据：") +

@@ -22,7 +22,6 @@ TF_Backup2::TF_Backup2(const FormContext &context, QWidget *parent)
 void TF_Backup2::FormActivate() {
     m_folder->setPath(session().backup.folder);
     m_onExit->setChecked(session().backup.onExit);
-    m_folder->setFocus();
     PlainEditor::FormActivate();
 }
 

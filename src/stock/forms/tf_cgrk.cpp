@@ -3,6 +3,6 @@
 namespace jxc {
 
 TF_Cgrk::TF_Cgrk(const FormContext &context, QWidget *parent)
-    : DocumentList(context, documentFormSpec(QStringLiteral("RK")), parent) {}
+    : SourceDocumentList(context, documentFormSpec(QStringLiteral("RK")), parent) {}
 
 } // namespace jxc

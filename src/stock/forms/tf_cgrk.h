@@ -1,11 +1,11 @@
 #pragma once
 
-#include "ui/document_list.h"
+#include "stock/forms/source_document_list.h"
 
 namespace jxc {
 
 /// 商品入库单: receipts taken in.
-class TF_Cgrk : public DocumentList {
+class TF_Cgrk : public SourceDocumentList {
     Q_OBJECT
 public:
     explicit TF_Cgrk(const FormContext &context, QWidget *parent = nullptr);

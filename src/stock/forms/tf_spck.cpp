@@ -3,6 +3,6 @@
 namespace jxc {
 
 TF_Spck::TF_Spck(const FormContext &context, QWidget *parent)
-    : DocumentList(context, documentFormSpec(QStringLiteral("CK")), parent) {}
+    : SourceDocumentList(context, documentFormSpec(QStringLiteral("CK")), parent) {}
 
 } // namespace jxc
