@@ -1,6 +1,7 @@
 // Every form of the program, by its class name, and what opens a document.
 #include "app/document_opener.h"
 #include "app/form_registry.h"
+#include "app/tf_rjbz.h"
 #include "core/forms/tf_admin.h"
 #include "core/forms/tf_bqjl.h"
 #include "core/forms/tf_pwdmodi.h"
@@ -47,6 +48,7 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_ViewLog>(QStringLiteral("TF_ViewLog"));
     registry.add<TF_Skin>(QStringLiteral("TF_Skin"));
     registry.add<TF_Bqjl>(QStringLiteral("TF_Bqjl"));
+    registry.add<TF_Rjbz>(QStringLiteral("TF_Rjbz"));
     registry.add<TF_Xtwh>(QStringLiteral("TF_Xtwh"));
     registry.add<TF_Backup>(QStringLiteral("TF_Backup"));
     registry.add<TF_Backup2>(QStringLiteral("TF_Backup2"));
