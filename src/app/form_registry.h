@@ -33,6 +33,7 @@ public:
     void setDocumentOpener(DocumentOpener opener) { m_openDocument = std::move(opener); }
     /// The window that the forms belong to; they go when it goes.
     void setOwner(QWidget *owner) { m_owner = owner; }
+    [[nodiscard]] QWidget *owner() const { return m_owner; }
 
     [[nodiscard]] const FormContext &context() const { return m_context; }
     [[nodiscard]] bool isKnown(const QString &className) const override {

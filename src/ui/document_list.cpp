@@ -522,12 +522,9 @@ void DocumentList::btnPrintClick() {
 }
 
 void DocumentList::btnPriceHistoryClick() {
-    EditLine line;
-    line.typed.goods = m_lines->currentText(u"g_sn");
-    line.info.name = m_lines->currentText(u"g_name");
-    if (line.typed.goods.isEmpty())
-        return;
-    (void)choosePastPrice(context(), m_spec, line, m_grid->currentText(u"partnerNo"), this);
+    const GoodsName goods{m_lines->currentText(u"g_sn"), m_lines->currentText(u"g_name")};
+    if (!goods.code.isEmpty())
+        showPastPrices(context(), m_spec, goods, m_grid->currentText(u"partnerNo"), this);
 }
 
 } // namespace jxc
