@@ -44,6 +44,7 @@ public:
     [[nodiscard]] Form *kept(const QString &className) const { return m_kept.value(className); }
 
     Form *openForm(const QString &className, const QString &caption) override;
+    Form *makeForm(const QString &className, QWidget *parent) override;
     void openDocument(const QString &number) override;
 
     /// Another operator shall not find what the one before him left open. Forms that are shown

@@ -34,6 +34,11 @@ void Form::showModal() {
     FormActivate();
 }
 
+bool Form::runModal() {
+    FormActivate();
+    return exec() == QDialog::Accepted;
+}
+
 void Form::setCaption(const QString &caption) {
     if (!caption.isEmpty())
         setWindowTitle(caption);

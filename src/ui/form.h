@@ -23,6 +23,13 @@ public:
     /// Shows the one kept instance of a form ("TF_Kccx"), made at its first use. Null when the
     /// form is not part of this program.
     virtual Form *openForm(const QString &className, const QString &caption) = 0;
+    /// A new instance of a form, not shown yet, for whoever asked to be its only owner. Null when
+    /// the form is not part of this program.
+    virtual Form *makeForm(const QString &className, QWidget *parent) {
+        Q_UNUSED(className)
+        Q_UNUSED(parent)
+        return nullptr;
+    }
     /// Shows a stored document of any kind, to read.
     virtual void openDocument(const QString &number) = 0;
 };
@@ -55,6 +62,8 @@ public:
 
     /// Brings the form to the front, modal, and calls FormActivate.
     void showModal();
+    /// The same, and waits until it is closed: true when it was accepted.
+    bool runModal();
 
     /// The caption that the dispatch gives may choose what the form shows first.
     virtual void setCaption(const QString &caption);

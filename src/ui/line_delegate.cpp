@@ -6,9 +6,15 @@
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 namespace jxc {
+
+bool isBehindDialog(const QWidget &editor, const QEvent &event) {
+    const QWidget *modal = QApplication::activeModalWidget();
+    return event.type() == QEvent::FocusOut && modal != nullptr && modal != editor.window();
+}
 
 LineDelegate::LineDelegate(LineTable *table)
     : QStyledItemDelegate(table)
@@ -143,6 +149,8 @@ bool LineDelegate::enter(QWidget *editor, int direction) {
 
 bool LineDelegate::eventFilter(QObject *watched, QEvent *event) {
     auto *editor = qobject_cast<QLineEdit *>(watched);
+    if (editor != nullptr && isBehindDialog(*editor, *event))
+        return false;
     if (editor == nullptr || event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);

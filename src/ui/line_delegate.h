@@ -6,6 +6,10 @@ namespace jxc {
 
 class LineTable;
 
+/// Whether a cell's field lost the focus only because a dialog opened above its window: to add what
+/// is missing, or to tell something. The cell stays open then.
+[[nodiscard]] bool isBehindDialog(const QWidget &editor, const QEvent &event);
+
 /// The editors of a document line's cells, and what the keys do in them.
 class LineDelegate : public QStyledItemDelegate {
     Q_OBJECT

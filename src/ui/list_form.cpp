@@ -77,8 +77,9 @@ void tellNoRow(Prompter &prompter) {
     prompter.inform(QStringLiteral("请先选择一条记录！"), informCaption);
 }
 
-ListForm::ListForm(const FormContext &context, const QString &className, const QString &title)
-    : Form(context, className, title)
+ListForm::ListForm(const FormContext &context, const QString &className, const QString &title,
+                   QWidget *parent)
+    : Form(context, className, title, parent)
     , m_actions(new ActionBar(this))
     , m_search(new QLineEdit(this))
     , m_filters(new QHBoxLayout)

@@ -42,7 +42,8 @@ private:
 class ListForm : public Form {
     Q_OBJECT
 public:
-    ListForm(const FormContext &context, const QString &className, const QString &title);
+    ListForm(const FormContext &context, const QString &className, const QString &title,
+             QWidget *parent = nullptr);
 
     [[nodiscard]] Grid &grid() { return *m_grid; }
     void FormActivate() override;
