@@ -108,6 +108,7 @@ void DocumentEditor::build() {
     m_scanner->setKnows([this](const QString &text) { return isBarcode(context(), text); });
     connect(m_scanner, &ScanCatcher::scanned, this, &DocumentEditor::scanned);
     resize(1280, 720);
+    setFillsParent(true);
 }
 
 void DocumentEditor::addActions() {

@@ -128,6 +128,7 @@ void DocumentList::build() {
     connect(m_grid, &Grid::currentChanged, rest, qOverload<>(&QTimer::start));
     connect(rest, &QTimer::timeout, this, &DocumentList::refreshLines);
     resize(1280, 720);
+    setFillsParent(true);
 }
 
 QAction *DocumentList::addAction(const QString &name, const QString &caption,
@@ -404,7 +405,6 @@ DocumentEditor *DocumentList::makeEditor() {
         activateWindow();
         m_grid->setFocus();
     });
-    editor->resize(size());
     m_editor = editor;
     return editor;
 }

@@ -28,6 +28,8 @@ bool Form::show(const Outcome &outcome) {
 
 void Form::showModal() {
     setWindowModality(Qt::ApplicationModal);
+    if (m_fillsParent && parentWidget() != nullptr)
+        setGeometry(parentWidget()->window()->geometry());
     QDialog::show();
     raise();
     activateWindow();

@@ -40,7 +40,7 @@ struct FormContext {
     Prompter &prompter;
     FormStage &stage;
     GoodsFinder &goods; ///< of this connection; it keeps what it has read
-    QString home; ///< the folder that holds data/, Layout/ and report/
+    QString home;       ///< the folder that holds data/, Layout/ and report/
 };
 
 /// A function form or a dialog. The class name is also its object name: layouts are kept and help
@@ -65,6 +65,9 @@ public:
     /// The same, and waits until it is closed: true when it was accepted.
     bool runModal();
 
+    /// Forms to work in all day are as large as the window behind them.
+    void setFillsParent(bool on) { m_fillsParent = on; }
+
     /// The caption that the dispatch gives may choose what the form shows first.
     virtual void setCaption(const QString &caption);
 
@@ -78,6 +81,7 @@ public:
 
 private:
     FormContext m_context;
+    bool m_fillsParent = false;
 };
 
 } // namespace jxc

@@ -71,8 +71,16 @@ QWidget *LineDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         line->setMaxLength(column.field == LineField::batch ? 30 : 100);
         editor = line;
     }
-    editor->setStyleSheet(QStringLiteral("border-radius: 0; min-height: 0; padding: 0 7px;"));
+    // By its class, or the list that drops down from it would look so too.
+    editor->setStyleSheet(
+        QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 7px; }"));
     return editor;
+}
+
+/// The whole cell: the view would leave out the padding of its texts.
+void LineDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &) const {
+    editor->setGeometry(option.rect);
 }
 
 void LineDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const {

@@ -49,6 +49,7 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     const QString captions[] = {QStringLiteral("今天"), QStringLiteral("本周"),
                                 QStringLiteral("本月"), QStringLiteral("上月"),
                                 QStringLiteral("本年"), QStringLiteral("全部")};
