@@ -10,6 +10,7 @@
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
 #include "ui/row_list.h"
+#include "ui/tab_order.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -130,6 +131,8 @@ void DocumentLookup::build() {
     layout->addLayout(makeSecondLine());
     layout->addWidget(split, 1);
 
+    setTabsThrough({m_period, m_kind, m_state, m_search, m_warehouse, m_supplier, m_customer,
+                    m_clerk, m_goods, m_batch, &m_grid->view(), &m_lines->view()});
     m_rest->setSingleShot(true);
     m_rest->setInterval(restDelay);
     m_delay->setSingleShot(true);

@@ -6,6 +6,7 @@
 #include "ui/grid.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
+#include "ui/tab_order.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -152,6 +153,7 @@ QWidget *StockPanel::makeFilters() {
     line->addWidget(m_level);
     line->addStretch(1);
 
+    setTabsThrough({m_tree, m_search, m_warehouse, m_perWarehouse, m_level, &m_grid->view()});
     connect(m_warehouse, &PickField::chosen, this, &StockPanel::refresh);
     connect(m_warehouse, &PickField::cleared, this, &StockPanel::refresh);
     connect(m_perWarehouse, &QCheckBox::toggled, this, &StockPanel::refresh);
