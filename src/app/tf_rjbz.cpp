@@ -31,20 +31,20 @@ constexpr int nameRole = Qt::UserRole;
 const auto notesFlag = QStringLiteral("rjbz");
 /// A4 in points, and what stays free at each edge.
 constexpr QSizeF sheet(595, 842);
-constexpr int sheetMargin = 42;
+constexpr int sheetMargin = 40;
 
 QString styleOnScreen() {
     const Theme &theme = Theme::current();
-    return QStringLiteral("h1 { font-size: 20px; } h2 { font-size: 16px; color: %1; }"
+    return QStringLiteral("h1 { font-size: x-large; } h2 { font-size: large; color: %1; }"
                           "a { color: %1; } td { padding: 3px 16px 3px 0; }"
                           "td.key { font-weight: bold; } p, li { line-height: 140%; }")
         .arg(theme.accent.name());
 }
 
 QString styleOnPaper() {
-    return QStringLiteral("body { font-size: 10px; } h1 { font-size: 17px; }"
-                          "h2 { font-size: 12px; } a { color: black; text-decoration: none; }"
-                          "td { padding: 2px 14px 2px 0; } td.key { font-weight: bold; }");
+    return QStringLiteral("body { font-size: 10px; } h1 { font-size: x-large; }"
+                          "h2 { font-size: large; } a { color: black; text-decoration: none; }"
+                          "td { padding: 1px 12px 1px 0; } td.key { font-weight: bold; }");
 }
 
 void fill(QTextDocument &document, const HelpPage &page) {

@@ -21,7 +21,7 @@ ColumnSpecs storyColumns() {
             summed(column(u"out", u"出库数量", ValueKind::quantity, 84)),
             column(u"stock", u"结存数量", ValueKind::quantity, 84),
             costOnly(column(u"cost", u"成本", ValueKind::price, 84)),
-            costOnly(text(u"sentence", u"说明", 420))};
+            costOnly(text(u"sentence", u"说明", 336))};
 }
 
 /// The latest row that set the cost; the number of rows when none did.

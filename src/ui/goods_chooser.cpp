@@ -22,10 +22,12 @@ namespace {
 constexpr int searchDelay = 120;
 
 ColumnSpecs goodsColumnsFor(bool forSale) {
-    return afterGoodsName({column(u"kc_sl", u"库存数量", ValueKind::quantity, 84),
-                           forSale
-                               ? sellingPriceOnly(column(u"g_sj", u"售价", ValueKind::price, 80))
-                               : costOnly(column(u"kc_cbj", u"成本价", ValueKind::price, 80))});
+    ColumnSpecs columns =
+        afterGoodsName({column(u"kc_sl", u"库存数量", ValueKind::quantity, 84),
+                        forSale ? sellingPriceOnly(column(u"g_sj", u"售价", ValueKind::price, 80))
+                                : costOnly(column(u"kc_cbj", u"成本价", ValueKind::price, 80))});
+    columns.front().width = 124; // the tick stands before the code
+    return columns;
 }
 
 } // namespace

@@ -65,7 +65,7 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
     m_from->setFixedWidth(100);
     m_to->setFixedWidth(100);
     layout->addWidget(m_from);
-    layout->addWidget(new QLabel(QStringLiteral("至"), this));
+    layout->addWidget(new QLabel(QStringLiteral(" 至 "), this));
     layout->addWidget(m_to);
     connect(m_buttons, &QButtonGroup::idClicked, this,
             [this](int choice) { choose(static_cast<PeriodChoice>(choice)); });

@@ -1,6 +1,8 @@
 // Takes a picture of every form of the program, filled with a shop's data, for people to look at.
 //   jxc_screens --home SHOP --out FOLDER [--form NAME]
 #include "app/form_registry.h"
+#include "app/help_book.h"
+#include "app/tf_rjbz.h"
 #include "app/tf_loading.h"
 #include "app/tf_login.h"
 #include "app/tf_mainform.h"
@@ -9,9 +11,14 @@
 #include "core/session.h"
 #include "db/database.h"
 #include "services/opening.h"
+#include "stock/forms/stock_panel.h"
+#include "stock/forms/tf_kccx.h"
 #include "ui/box_prompter.h"
+#include "ui/cost_story_window.h"
 #include "ui/document_editor.h"
 #include "ui/document_list.h"
+#include "ui/goods_chooser.h"
+#include "ui/grid.h"
 #include "ui/header_panel.h"
 #include "ui/line_table.h"
 #include "ui/theme.h"
@@ -19,6 +26,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QElapsedTimer>
+#include <QPrinter>
 #include <QTest>
 
 using namespace jxc;
@@ -68,13 +76,43 @@ public:
         if (!wants(name)) return;
         Form *form = m_registry.openForm(name, {});
         if (form == nullptr) return;
-        form->resize(1366, 700);
+        // As much as a small screen has, at its scale.
+        const qreal scale = form->devicePixelRatioF();
+        form->resize(static_cast<int>(1366 / scale), static_cast<int>(700 / scale));
         take(form, name);
         if (auto *list = qobject_cast<DocumentList *>(form)) takeDocuments(*list, name);
+        if (form->objectName() == u"TF_Rjbz") {
+            QPrinter printer;
+            printer.setOutputFileName(m_folder + QStringLiteral("/keys.pdf"));
+            printHelpPage(*findHelpPage(keySheetName), printer);
+        }
+        if (auto *stock = qobject_cast<TF_Kccx *>(form)) takeStock(*stock, name);
         form->done(0);
     }
 
 private:
+    /// The other tab, and the windows that open from a goods: the one with the most movements.
+    void takeStock(TF_Kccx &form, const QString &name) {
+        const QString goods = form.db().scalar(
+            QStringLiteral("select g_sn from jxc_goodslist where gl_kc<>0 group by g_sn order by count(*) desc,g_sn"));
+        form.stock().grid().goTo(u"g_sn", goods);
+        form.btnPriceHistoryClick();
+        take(&form, name + QStringLiteral("_prices"));
+        const JournalKey key = form.stock().currentKey();
+        form.btnMovementsClick();
+        take(&form, name + QStringLiteral("_movements"));
+        TF_CostStory story(form.context(), key, {QStringLiteral("9999-12-31")}, &form);
+        story.showModal();
+        take(&story, name + QStringLiteral("_story"));
+        story.done(0);
+        TF_GoodsSele chooser(form.context(), true, key.warehouse, &form);
+        chooser.showModal();
+        for (const int line : {0, 3}) chooser.grid().model().tick(line, true);
+        take(&chooser, name + QStringLiteral("_chooser"));
+        chooser.done(0);
+        form.showTab(0);
+    }
+
     void takeDocuments(DocumentList &list, const QString &name) {
         list.showApproved(true);
         take(&list, name + QStringLiteral("_approved"));

@@ -10,6 +10,7 @@
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
 #include "ui/row_list.h"
+#include "ui/tab_order.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -130,6 +131,8 @@ void DocumentLookup::build() {
     layout->addLayout(makeSecondLine());
     layout->addWidget(split, 1);
 
+    setTabsThrough({m_period, m_kind, m_state, m_search, m_warehouse, m_supplier, m_customer,
+                    m_clerk, m_goods, m_batch, &m_grid->view(), &m_lines->view()});
     m_rest->setSingleShot(true);
     m_rest->setInterval(restDelay);
     m_delay->setSingleShot(true);
@@ -177,23 +180,27 @@ QLayout *DocumentLookup::makeFirstLine() {
         }
     }
     line->addStretch(1);
-    m_search->setObjectName(QStringLiteral("edtSearch"));
-    m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、备注"));
-    m_search->setFixedWidth(220);
-    line->addWidget(m_search);
     return line;
 }
 
 QLayout *DocumentLookup::makeSecondLine() {
     auto *line = new QHBoxLayout;
     line->setSpacing(8);
+    // On a small screen at a large scale the fields give way, not the window.
+    const auto room = [&](QLineEdit *field, int width) {
+        field->setMinimumWidth(width / 2);
+        field->setMaximumWidth(width);
+        line->addWidget(field, width);
+    };
     const auto add = [&](PickField *field, const char *name, const QString &hint, int width) {
         if (field == nullptr)
             return;
         setUp(field, QString::fromLatin1(name), hint);
-        field->setFixedWidth(width);
-        line->addWidget(field);
+        room(field, width);
     };
+    m_search->setObjectName(QStringLiteral("edtSearch"));
+    m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、备注"));
+    room(m_search, 208);
     add(m_warehouse, "edtWarehouse", QStringLiteral("仓库"), 112);
     add(m_supplier, "edtSupplier", QStringLiteral("供货商"), 152);
     add(m_customer, "edtCustomer", QStringLiteral("客户"), 152);
@@ -201,8 +208,7 @@ QLayout *DocumentLookup::makeSecondLine() {
     add(m_goods, "edtGoods", QStringLiteral("商品：含有它的单据"), 200);
     m_batch->setObjectName(QStringLiteral("edtBatch"));
     m_batch->setPlaceholderText(QStringLiteral("批号"));
-    m_batch->setFixedWidth(128);
-    line->addWidget(m_batch);
+    room(m_batch, 128);
     line->addStretch(1);
     return line;
 }

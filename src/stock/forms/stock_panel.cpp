@@ -6,6 +6,7 @@
 #include "ui/grid.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
+#include "ui/tab_order.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -45,7 +46,7 @@ ColumnSpecs batchColumns() {
             summed(column(u"t_sl", u"库存数量", ValueKind::quantity))};
 }
 
-ColumnSpecs priceColumns(Trade trade) {
+ColumnSpecs priceColumns(Trade trade, const Parameters &parameters) {
     const bool sale = trade == Trade::sale;
     ColumnSpecs columns = {column(u"gl_kdrq", u"日期", ValueKind::date),
                            text(u"gl_djh", u"单据号", 132),
@@ -58,6 +59,8 @@ ColumnSpecs priceColumns(Trade trade) {
                            column(u"gl_dzl", u"折扣", ValueKind::factor, 64),
                            column(u"gl_zje", u"金额", ValueKind::amount),
                            text(u"u_name", u"经手人", 80)};
+    if (!parameters.pricesIncludeTax && parameters.taxRate.isZero())
+        std::erase_if(columns, [](const ColumnSpec &c) { return c.field == u"gl_taxdj"; });
     return columns;
 }
 
@@ -101,7 +104,7 @@ void StockPanel::build() {
     split->setHandleWidth(8);
     split->addWidget(m_grid);
     split->addWidget(makeDetails());
-    split->setStretchFactor(0, 3);
+    split->setStretchFactor(0, 2);
     split->setStretchFactor(1, 1);
     auto *right = new QVBoxLayout;
     right->setSpacing(8);
@@ -150,6 +153,7 @@ QWidget *StockPanel::makeFilters() {
     line->addWidget(m_level);
     line->addStretch(1);
 
+    setTabsThrough({m_tree, m_search, m_warehouse, m_perWarehouse, m_level, &m_grid->view()});
     connect(m_warehouse, &PickField::chosen, this, &StockPanel::refresh);
     connect(m_warehouse, &PickField::cleared, this, &StockPanel::refresh);
     connect(m_perWarehouse, &QCheckBox::toggled, this, &StockPanel::refresh);
@@ -177,7 +181,8 @@ QWidget *StockPanel::makeDetails() {
     });
     m_details->addTab(m_batches, QStringLiteral("批号"));
     const auto addPrices = [this](Trade trade, const QString &name, const QString &caption) {
-        auto *grid = new Grid(m_context, name, priceColumns(trade), this);
+        auto *grid =
+            new Grid(m_context, name, priceColumns(trade, m_context.session.parameters), this);
         m_details->addTab(grid, caption);
         connect(grid, &Grid::activated, this,
                 [this, grid] { m_context.stage.openDocument(grid->currentText(u"gl_djh")); });

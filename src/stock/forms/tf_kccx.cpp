@@ -69,7 +69,6 @@ void TF_Kccx::addActions() {
         add("btnCheck", QStringLiteral("库存核对"), Qt::Key_F7, [this] { btnCheckClick(); });
     check->setEnabled(context().stage.isKnown(QStringLiteral("TF_Kchd")));
     m_actions->addSeparator();
-    add("btnRefresh", QStringLiteral("刷新"), Qt::Key_F5, [this] { FormActivate(); });
     add("btnPrint", QStringLiteral("打印"), Qt::Key_F12, [this] { grid().print(); });
     add("btnExport", QStringLiteral("导出"), QKeySequence(QStringLiteral("Ctrl+E")),
         [this] { grid().chooseExport(); });
@@ -82,6 +81,7 @@ void TF_Kccx::addActions() {
         connect(action, &QAction::triggered, this, std::move(run));
         addAction(action);
     };
+    quiet(Qt::Key_F5, [this] { FormActivate(); });
     quiet(Qt::Key_F3, [this] {
         if (showsMovements())
             m_movement->startSearch();
