@@ -403,6 +403,8 @@ bool DocumentEditor::store(bool approve) {
     m_keeping->stop();
     m_file.forget();
     Q_EMIT this->saved(typed.number);
+    if (session().parameters.printsBeforeSaving && !approve)
+        printDocumentNow(context(), typed.number, this);
     return true;
 }
 

@@ -392,8 +392,10 @@ void Grid::openHeaderMenu(const QPoint &at) {
 
 void Grid::openBodyMenu(const QPoint &at) {
     QMenu menu(this);
-    menu.addActions(m_ownActions);
-    if (!m_ownActions.isEmpty())
+    for (QAction *action : std::as_const(m_ownActions))
+        if (!action->text().isEmpty()) // some are there for their key alone
+            menu.addAction(action);
+    if (!menu.isEmpty())
         menu.addSeparator();
     menu.addAction(QStringLiteral("复制\tCtrl+C"), this, &Grid::copySelection);
     menu.addAction(QStringLiteral("筛选\tCtrl+F"), this, [this] { startFilter(); });
