@@ -65,7 +65,9 @@ QWidget *LineDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         line->setMaxLength(column.field == LineField::batch ? 30 : 100);
         editor = line;
     }
-    editor->setStyleSheet(QStringLiteral("border-radius: 0; min-height: 0; padding: 0 7px;"));
+    editor->setStyleSheet(
+        // Not for the list that opens under it.
+        QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 8px; }"));
     return editor;
 }
 
@@ -95,6 +97,12 @@ void LineDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         text = date->date();
     if (model->setData(index, text, Qt::EditRole))
         Q_EMIT m_table->cellDone(index.row(), field);
+}
+
+/// The whole cell, so that what is typed stands where it will stay.
+void LineDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &) const {
+    editor->setGeometry(option.rect);
 }
 
 /// Takes what was typed; false when it means nothing and the cell stays open.
