@@ -62,6 +62,7 @@ void DocumentList::build() {
     m_tabs->setDrawBase(false);
     m_tabs->setUsesScrollButtons(false);
     m_tabs->setElideMode(Qt::ElideNone);
+    m_tabs->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // never cut off
     m_tabs->addTab(QStringLiteral("待审核"));
     m_tabs->addTab(QStringLiteral("已审核"));
     m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、备注"));
@@ -180,24 +181,24 @@ void DocumentList::addActions() {
 ColumnSpecs DocumentList::headColumns() const {
     ColumnSpecs columns = {text(u"number", u"单据号", 132),
                            column(u"date", u"日期", ValueKind::date),
-                           text(u"partner", m_spec.isSale() ? u"客户" : u"供货商", 160),
+                           text(u"partner", m_spec.isSale() ? u"客户" : u"供货商", 152),
                            text(u"warehouse", u"仓库", 88)};
     if (m_spec.hasMoney) {
         columns.push_back(
             summed(column(u"due", m_spec.isSale() ? u"应收金额" : u"应付金额", ValueKind::amount)));
         columns.push_back(summed(
             column(u"paid", m_spec.isSale() ? u"实收金额" : u"实付金额", ValueKind::amount)));
-        columns.push_back(summed(column(u"off", u"优惠金额", ValueKind::amount, 92)));
+        columns.push_back(summed(column(u"off", u"优惠金额", ValueKind::amount, 88)));
         columns.push_back(summed(
             column(u"rest", m_spec.isSale() ? u"未收金额" : u"未付金额", ValueKind::amount)));
     } else {
         columns.push_back(summed(column(u"quantity", u"数量", ValueKind::quantity)));
     }
-    columns.push_back(text(u"clerk", u"经手人", 80));
-    columns.push_back(text(u"operator", u"操作员", 80));
-    columns.push_back(text(u"note", u"备注", 140));
-    columns.push_back(text(u"checker", u"审核人", 80));
-    columns.push_back(text(u"checkDate", u"审核时间", 150));
+    columns.push_back(text(u"clerk", u"经手人", 76));
+    columns.push_back(text(u"operator", u"操作员", 72));
+    columns.push_back(text(u"note", u"备注", 100));
+    columns.push_back(text(u"checker", u"审核人", 72));
+    columns.push_back(text(u"checkDate", u"审核时间", 104));
     return columns;
 }
 

@@ -74,6 +74,7 @@ Grid::Grid(const FormContext &context, const QString &name, ColumnSpecs columns,
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->installEventFilter(this);
+    m_view->viewport()->installEventFilter(this);
     QHeaderView *header = m_view->horizontalHeader();
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
@@ -340,15 +341,6 @@ void Grid::fitWidths() {
     }
 }
 
-void Grid::resizeEvent(QResizeEvent *event) {
-    QWidget::resizeEvent(event);
-    if (!m_layoutKept)
-        QTimer::singleShot(0, this, [this] {
-            if (!m_layoutKept)
-                fitWidths();
-        });
-}
-
 void Grid::sortBy(int column) {
     QHeaderView *header = m_view->horizontalHeader();
     const bool same = header->isSortIndicatorShown() && header->sortIndicatorSection() == column;
@@ -433,7 +425,13 @@ bool Grid::filterKey(QKeyEvent *event) {
 }
 
 bool Grid::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() != QEvent::KeyPress)
+    // Also when a scroll bar comes or goes.
+    if (event->type() == QEvent::Resize && watched == m_view->viewport() && !m_layoutKept)
+        QTimer::singleShot(0, this, [this] {
+            if (!m_layoutKept)
+                fitWidths();
+        });
+    if (event->type() != QEvent::KeyPress || watched == m_view->viewport())
         return QWidget::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     if (watched == m_filter)

@@ -73,7 +73,7 @@ QWidget *LineDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     }
     // By its class, or the list that drops down from it would look so too.
     editor->setStyleSheet(
-        QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 7px; }"));
+        QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 8px; }"));
     return editor;
 }
 
@@ -109,6 +109,12 @@ void LineDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         text = date->date();
     if (model->setData(index, text, Qt::EditRole))
         Q_EMIT m_table->cellDone(index.row(), field);
+}
+
+/// The whole cell, so that what is typed stands where it will stay.
+void LineDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &) const {
+    editor->setGeometry(option.rect);
 }
 
 /// Takes what was typed; false when it means nothing and the cell stays open.

@@ -1,10 +1,8 @@
 #pragma once
 
+#include "ui/action_bar.h"
 #include "ui/form.h"
 #include "ui/grid.h"
-
-#include <QKeySequence>
-#include <functional>
 
 class QBoxLayout;
 class QHBoxLayout;
@@ -12,31 +10,6 @@ class QHBoxLayout;
 namespace jxc {
 
 class PeriodBar;
-
-/// A row of buttons, each with its key beside it. The same actions stand in the grid's right click.
-class ActionBar : public QWidget {
-    Q_OBJECT
-public:
-    explicit ActionBar(QWidget *parent);
-
-    QAction *add(const QString &name, const QString &caption, const QKeySequence &key,
-                 std::function<void()> run);
-    void addSeparator();
-    /// Marks a place among the actions; after goToPlace() further ones come there. So a form that
-    /// is built on another can put its own actions where they belong.
-    void markPlace();
-    void goToPlace();
-    /// Something at the right end.
-    void addRight(QWidget *widget);
-
-private:
-    void insert(QWidget *widget);
-
-    QHBoxLayout *m_layout;
-    int m_right = 0;  ///< widgets after the stretch
-    int m_place = -1; ///< where later forms insert
-    bool m_atPlace = false;
-};
 
 /// A window around one list: buttons, search, filters, grid.
 class ListForm : public Form {
@@ -46,6 +19,7 @@ public:
              QWidget *parent = nullptr);
 
     [[nodiscard]] Grid &grid() { return *m_grid; }
+    [[nodiscard]] const Grid &grid() const { return *m_grid; }
     void FormActivate() override;
     /// Reads the rows anew and stays on the row it was on.
     void refresh();

@@ -49,7 +49,6 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     const QString captions[] = {QStringLiteral("今天"), QStringLiteral("本周"),
                                 QStringLiteral("本月"), QStringLiteral("上月"),
                                 QStringLiteral("本年"), QStringLiteral("全部")};
@@ -64,8 +63,11 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
     }
     m_from->setFixedWidth(100);
     m_to->setFixedWidth(100);
+    layout->addSpacing(4);
     layout->addWidget(m_from);
-    layout->addWidget(new QLabel(QStringLiteral(" 至 "), this));
+    layout->addSpacing(4);
+    layout->addWidget(new QLabel(QStringLiteral("至"), this));
+    layout->addSpacing(4);
     layout->addWidget(m_to);
     connect(m_buttons, &QButtonGroup::idClicked, this,
             [this](int choice) { choose(static_cast<PeriodChoice>(choice)); });
@@ -89,8 +91,11 @@ void PeriodBar::choose(PeriodChoice choice) {
 }
 
 void PeriodBar::setPeriod(const Period &period) {
-    m_from->setDate(period.from);
-    m_to->setDate(period.to);
+    { // one change, not two
+        const QSignalBlocker from(m_from), to(m_to);
+        m_from->setDate(period.from);
+        m_to->setDate(period.to);
+    }
     typed();
 }
 
