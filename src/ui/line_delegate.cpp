@@ -111,12 +111,6 @@ void LineDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         Q_EMIT m_table->cellDone(index.row(), field);
 }
 
-/// The whole cell, so that what is typed stands where it will stay.
-void LineDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
-                                        const QModelIndex &) const {
-    editor->setGeometry(option.rect);
-}
-
 /// Takes what was typed; false when it means nothing and the cell stays open.
 bool LineDelegate::take(QWidget *editor) {
     if (auto *pick = qobject_cast<PickField *>(editor)) {
