@@ -44,7 +44,7 @@ QAction *ActionBar::add(const QString &name, const QString &caption, const QKeyS
         button->setText(hint.isEmpty() ? action->text()
                                        : QStringLiteral("%1 %2").arg(action->text(), hint));
     });
-    m_layout->insertWidget(m_layout->count() - 1, button);
+    m_layout->insertWidget(m_left++, button);
     return action;
 }
 
@@ -53,7 +53,7 @@ void ActionBar::addSeparator() {
     line->setFrameShape(QFrame::VLine);
     line->setFixedHeight(20);
     line->setEnabled(false);
-    m_layout->insertWidget(m_layout->count() - 1, line);
+    m_layout->insertWidget(m_left++, line);
 }
 
 void ActionBar::addRight(QWidget *widget) {

@@ -27,6 +27,7 @@ public:
 
 private:
     QHBoxLayout *m_layout;
+    int m_left = 0; ///< buttons and lines before the gap
 };
 
 /// A window around one list: buttons, search, filters, grid.

@@ -12,8 +12,10 @@
 #include "ui/box_prompter.h"
 #include "ui/document_editor.h"
 #include "ui/document_list.h"
+#include "ui/field_tabs.h"
 #include "ui/header_panel.h"
 #include "ui/line_table.h"
+#include "ui/master_form.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -48,11 +50,31 @@ public:
         if (form == nullptr) return;
         form->resize(1366, 700);
         take(form, name);
+        takePages(form, name);
         if (auto *list = qobject_cast<DocumentList *>(form)) takeDocuments(*list, name);
+        if (auto *list = qobject_cast<MasterForm *>(form)) takeEditor(*list, name);
         form->done(0);
     }
 
 private:
+    /// The pages of a window behind its first one.
+    void takePages(QWidget *window, const QString &name) {
+        auto *tabs = window->findChild<FieldTabs *>();
+        for (int page = 1; tabs != nullptr && page < tabs->count(); ++page) {
+            tabs->setCurrentIndex(page);
+            take(window, QStringLiteral("%1_%2").arg(name).arg(page));
+        }
+    }
+
+    void takeEditor(MasterForm &list, const QString &name) {
+        list.btnModiClick();
+        if (list.editor() == nullptr) return;
+        take(list.editor(), name + QStringLiteral("_Modi"));
+        takePages(list.editor(), name + QStringLiteral("_Modi"));
+        list.editor()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     void takeDocuments(DocumentList &list, const QString &name) {
         list.showApproved(true);
         take(&list, name + QStringLiteral("_approved"));
