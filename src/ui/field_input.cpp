@@ -191,6 +191,8 @@ void FieldInput::addListButton(QWidget *parent, QWidget *field) {
     button->setText(QStringLiteral("…"));
     button->setToolTip(QStringLiteral("打开列表，增加或选择 (Ctrl+Ins)"));
     button->setFocusPolicy(Qt::NoFocus);
+    button->setStyleSheet(QStringLiteral("padding: 0 4px;"));
+    button->setFixedHeight(field->sizeHint().height());
     row->addWidget(field, 1);
     row->addWidget(button);
     connect(button, &QToolButton::clicked, this, &FieldInput::openList);
@@ -212,6 +214,7 @@ void FieldInput::fill(const Record &record) {
     m_stored = record.text(m_field.column);
     m_show(record);
     m_shown = m_read();
+    m_filled = true;
 }
 
 void FieldInput::collect(Record &record) const {

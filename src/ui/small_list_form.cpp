@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -24,21 +25,21 @@ SmallListForm::SmallListForm(const FormContext &context, const MasterKind &kind,
           kind.fields, Formats(context.session.parameters),
           [this] { return newRecord(session(), m_kind); }, this))
     , m_table(new RecordTable(context, kind.form, kind.table, m_rows, this))
+    , m_bar(new ActionBar(this))
     , m_search(new QLineEdit(this)) {
-    auto *bar = new ActionBar(this);
-    addActions(*bar);
+    addActions(*m_bar);
     m_search->setPlaceholderText(QStringLiteral("查找 F3"));
     m_search->setClearButtonEnabled(true);
     m_search->setFixedWidth(160);
     m_search->setMaxLength(100);
-    bar->addRight(m_search);
+    m_bar->addRight(m_search);
     auto *hint = new QLabel(
         QStringLiteral("直接在表格中录入：最后一行增加，离开该行即保存，Esc 撤消该行。"), this);
     hint->setProperty("quiet", true);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(12, 8, 12, 12);
     column->setSpacing(8);
-    column->addWidget(bar);
+    column->addWidget(m_bar);
     column->addWidget(m_table, 1);
     column->addWidget(hint);
     // What has expired may not be sold by.
@@ -66,8 +67,6 @@ void SmallListForm::addActions(ActionBar &bar) {
     add(u"btnModi", u"修改", Qt::Key_F4, [this] { btnModiClick(); });
     add(u"btnDele", u"删除", Qt::Key_Delete, [this] { btnDeleClick(); });
     add(u"btnFind", u"查询", Qt::Key_F5, [this] { btnFindClick(); });
-    add(u"btnChoose", u"选择", Qt::Key_F6, [this] { choose(); });
-    m_actions.last()->setVisible(false);
     add(u"btnPrint", u"打印", Qt::Key_F12,
         [this] { previewGrid(m_table->picture(windowTitle()), context(), this); });
     add(u"btnExport", u"导出", QKeySequence(QStringLiteral("Ctrl+E")),
@@ -126,9 +125,8 @@ void SmallListForm::FormActivate() {
 
 void SmallListForm::startChoosing() {
     m_choosing = true;
-    for (QAction *action : std::as_const(m_actions))
-        if (action->objectName() == QLatin1String("btnChoose"))
-            action->setVisible(true);
+    m_actions << m_bar->add(QStringLiteral("btnChoose"), QStringLiteral("选择"), Qt::Key_F6,
+                            [this] { choose(); });
 }
 
 bool SmallListForm::saveRow(int row) {
@@ -190,12 +188,16 @@ void SmallListForm::undo() {
 }
 
 /// Esc takes back what was typed in the row, and closes when there is nothing to take back.
-void SmallListForm::reject() {
+void SmallListForm::keyPressEvent(QKeyEvent *event) {
     const int row = m_table->currentIndex().row();
-    if (!m_rows->isBlank(row) && m_rows->record(row).isChanged() && m_table->hasFocus()) {
+    if (event->key() == Qt::Key_Escape && !m_rows->isBlank(row) && m_rows->record(row).isChanged())
         undo();
-        return;
-    }
+    else
+        Form::keyPressEvent(event);
+}
+
+/// Closing stores what was typed; a refusal keeps the form open.
+void SmallListForm::reject() {
     if (!saveCurrent())
         return;
     if (m_choosing && !m_chosen.isNew())
