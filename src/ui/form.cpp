@@ -35,7 +35,7 @@ void Form::showModal() {
 }
 
 bool Form::runModal() {
-    FormActivate();
+    showModal(); // a cell can be opened for typing only where it is seen
     return exec() == QDialog::Accepted;
 }
 

@@ -116,10 +116,11 @@ void SmallListForm::refresh() {
 void SmallListForm::FormActivate() {
     m_chosen = {};
     refresh();
-    if (m_choosing)
+    if (m_choosing) {
         m_table->startNewRow();
-    else
-        m_table->setCurrentIndex(m_rows->index(0, m_rows->columnOf(m_kind.nameColumn)));
+        return;
+    }
+    m_table->setCurrentIndex(m_rows->index(0, m_rows->columnOf(m_kind.nameColumn)));
     m_table->setFocus();
 }
 
