@@ -28,6 +28,7 @@ SmallListForm::SmallListForm(const FormContext &context, const MasterKind &kind,
     , m_bar(new ActionBar(this))
     , m_search(new QLineEdit(this)) {
     addActions(*m_bar);
+    addRelated();
     m_search->setPlaceholderText(QStringLiteral("查找 F3"));
     m_search->setClearButtonEnabled(true);
     m_search->setFixedWidth(160);
@@ -76,6 +77,17 @@ void SmallListForm::addActions(ActionBar &bar) {
     find->setShortcut(Qt::Key_F3);
     QWidget::addAction(find);
     connect(find, &QAction::triggered, m_search, qOverload<>(&QWidget::setFocus));
+}
+
+/// The watched kinds of goods are kept together with the other lists that the papers speak of.
+void SmallListForm::addRelated() {
+    if (m_kind.table != QLatin1String("jxc_gspcs"))
+        return;
+    for (const char16_t *table : {u"jxc_yjlx", u"jxc_tym", u"jxc_color", u"jxc_hjxx"}) {
+        const MasterKind &list = masterKind(QString::fromUtf16(table));
+        m_bar->add(list.form, list.noun, {},
+                   [this, &list] { context().stage.openForm(list.form, {}); });
+    }
 }
 
 void SmallListForm::openMenu(const QPoint &at) {
