@@ -19,6 +19,11 @@ Form *FormRegistry::openForm(const QString &className, const QString &caption) {
     return form;
 }
 
+Form *FormRegistry::makeForm(const QString &className, QWidget *parent) {
+    const auto maker = m_makers.constFind(className);
+    return maker == m_makers.constEnd() ? nullptr : (*maker)(m_context, parent);
+}
+
 void FormRegistry::openDocument(const QString &number) {
     if (m_openDocument)
         m_openDocument(number);

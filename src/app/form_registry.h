@@ -33,6 +33,7 @@ public:
     void setDocumentOpener(DocumentOpener opener) { m_openDocument = std::move(opener); }
     /// The window that the forms belong to; they go when it goes.
     void setOwner(QWidget *owner) { m_owner = owner; }
+    [[nodiscard]] QWidget *owner() const { return m_owner; }
 
     [[nodiscard]] const FormContext &context() const { return m_context; }
     [[nodiscard]] bool isKnown(const QString &className) const override {
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] Form *kept(const QString &className) const { return m_kept.value(className); }
 
     Form *openForm(const QString &className, const QString &caption) override;
+    Form *makeForm(const QString &className, QWidget *parent) override;
     void openDocument(const QString &number) override;
 
     /// Another operator shall not find what the one before him left open. Forms that are shown

@@ -2,6 +2,7 @@
 
 #include "app/card_board.h"
 #include "app/form_registry.h"
+#include "app/help_key.h"
 #include "app/menu_rail.h"
 #include "app/status_panes.h"
 #include "app/tf_login.h"
@@ -89,6 +90,7 @@ TF_MainForm::TF_MainForm(FormRegistry &registry, int reminderDelay)
                     QStringLiteral("备份/恢复数据库！"));
     });
     makeShortcuts();
+    new HelpKey(m_registry, this);
 }
 
 QWidget *TF_MainForm::makeHead() {
@@ -152,7 +154,6 @@ void TF_MainForm::makeShortcuts() {
     };
     add(QKeySequence(Qt::Key_F2), find);
     add(QKeySequence(Qt::CTRL | Qt::Key_K), find);
-    add(QKeySequence(Qt::Key_F1), [this] { openGuarded(QStringLiteral("TF_Rjbz"), {}, 0, {}); });
     const auto count = static_cast<int>(menuGroups().size());
     add(QKeySequence(Qt::Key_PageDown), [this, count] { menuClick(m_group % count + 1); });
     add(QKeySequence(Qt::Key_PageUp),

@@ -6,6 +6,13 @@ namespace jxc {
 
 namespace {
 
+/// What the editor calls the opening balance is by now what stands open.
+void nameBalance(MasterKind &kind, const char16_t *balance, const char16_t *caption) {
+    for (MasterColumn &column : kind.columns)
+        if (column.column == QString::fromUtf16(balance))
+            column.caption = QString::fromUtf16(caption);
+}
+
 MasterKind supplierKind() {
     MasterKind kind;
     kind.noun = QStringLiteral("供货商");
@@ -32,6 +39,7 @@ MasterKind supplierKind() {
                    Field(u"ghs_note").words()};
     kind.columns = listColumns(u"ghs_sn ghs_name ghs_jm gt_name z_name ghs_lxr ghs_tele "
                                u"ghs_address ghs_lwje+ ck_name ghs_default ghs_forbid ghs_note");
+    nameBalance(kind, u"ghs_lwje", u"应付余额");
     kind.findColumns = wordList(u"ghs_tele ghs_lxr");
     kind.usedAlso = {
         {QStringLiteral("jxc_ysyfk"), QStringLiteral("k_ghskh"), QStringLiteral("k_type='ghs'")},
@@ -73,6 +81,7 @@ MasterKind customerKind() {
                    Field(u"kh_note").words()};
     kind.columns = listColumns(u"kh_sn kh_name kh_jm kt_name z_name kh_lxr kh_tele kh_address "
                                u"kh_lwje+ kh_uname ck_name kh_default kh_forbid kh_note");
+    nameBalance(kind, u"kh_lwje", u"应收余额");
     kind.findColumns = wordList(u"kh_tele kh_lxr");
     kind.usedAlso = {
         {QStringLiteral("jxc_ysyfk"), QStringLiteral("k_ghskh"), QStringLiteral("k_type='kh'")},

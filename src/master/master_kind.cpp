@@ -52,7 +52,8 @@ void complete(MasterKind &kind) {
         const MasterField *field = shownField(kind, listed.column);
         if (field == nullptr)
             throw std::logic_error("no field is shown by: " + listed.column.toStdString());
-        listed.caption = field->caption;
+        if (listed.caption.isEmpty())
+            listed.caption = field->caption;
         listed.secrecy = field->secrecy;
         if (field->column == listed.column)
             listed.kind = field->kind;

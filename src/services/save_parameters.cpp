@@ -122,7 +122,7 @@ bool roundAlike(const Parameters &a, const Parameters &b) {
 }
 
 void rewalkIfNeeded(const Session &session, Answers &answers, const Parameters &before,
-                    const Progress &progress) {
+                    const RewalkProgress &progress) {
     const Parameters after = Parameters::load(session.db());
     if (roundAlike(before, after) ||
         !session.db().exists(QStringLiteral("select id from jxc_goodslist limit 1")))
@@ -134,7 +134,7 @@ void rewalkIfNeeded(const Session &session, Answers &answers, const Parameters &
 } // namespace
 
 Outcome saveParameters(Session &session, Prompter &prompter, const QHash<QString, QString> &changed,
-                       const Progress &progress, QString *field) {
+                       const RewalkProgress &progress, QString *field) {
     Outcome outcome = runFieldAction(session.db(), prompter, field, [&](Answers &answers) {
         const Parameters before = Parameters::load(session.db());
         const auto stored = loadSystemParameters(session);

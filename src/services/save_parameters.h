@@ -15,6 +15,6 @@ class Session;
 /// or amount re-cost the whole journal in the same action, after asking; stopped by the progress,
 /// nothing is changed. Refused by a field, `field` names its column.
 Outcome saveParameters(Session &session, Prompter &prompter, const QHash<QString, QString> &changed,
-                       const Progress &progress = {}, QString *field = nullptr);
+                       const RewalkProgress &progress = {}, QString *field = nullptr);
 
 } // namespace jxc

@@ -103,6 +103,9 @@ private:
         told.number = row.text(u"gl_djh");
         told.date = row.text(u"gl_kdrq");
         told.flag = row.text(u"gl_flag");
+        told.title = journalKind(told.flag).title.toString();
+        told.change = journalKind(told.flag).stockChange(row.decimal(u"gl_sl"));
+        told.price = row.decimal(u"gl_dj");
         told.step = journalStep(before, told.flag, row.decimal(u"gl_sl"), row.decimal(u"gl_dj"),
                                 m_parameters);
         told.setsCost = told.step.branch != CostBranch::keptByKind &&
@@ -123,15 +126,13 @@ private:
 
     /// "3月5日 采购进货单CJ26030510001 进 10 瓶，单价 3.30"
     QString movedText(const Row &row, const CostStoryRow &told) const {
-        const JournalKind &kind = journalKind(told.flag);
-        const Decimal change = kind.stockChange(row.decimal(u"gl_sl"));
-        QString text = dayText(told.date, m_session.today()) + u' ' + kind.title.toString();
+        QString text = dayText(told.date, m_session.today()) + u' ' + told.title;
         if (!told.number.isEmpty())
             text += QStringLiteral("单") + told.number;
-        text += (change.isNegative() ? QStringLiteral(" 出 ") : QStringLiteral(" 进 ")) +
-                quantity(change.abs());
-        if (kind.setsCost(row.decimal(u"gl_sl")))
-            text += QStringLiteral("，单价 ") + price(row.decimal(u"gl_dj"));
+        text += (told.change.isNegative() ? QStringLiteral(" 出 ") : QStringLiteral(" 进 ")) +
+                quantity(told.change.abs());
+        if (journalKind(told.flag).setsCost(row.decimal(u"gl_sl")))
+            text += QStringLiteral("，单价 ") + price(told.price);
         return text;
     }
 

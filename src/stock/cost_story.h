@@ -12,7 +12,9 @@ class Session;
 struct CostStoryRow {
     qint64 id = 0;        ///< of the journal row
     QString number, date; ///< the document; the number is empty for opening stock
-    QString flag;
+    QString flag, title;  ///< of the kind of row: "xs", "商品销售"
+    Decimal change;       ///< what came (negative: went), base units
+    Decimal price;        ///< of the row itself, per base unit
     JournalStep step;
     bool setsCost = false; ///< false: the row was charged the cost in force and left it
     /// "3月5日 采购进货单CJ26030510001 进 10 瓶，单价 3.30：…，库存 12 瓶、成本 3.25"

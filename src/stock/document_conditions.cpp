@@ -8,7 +8,7 @@ namespace jxc {
 namespace {
 
 /// The document holds the goods and batch, in a line or in its header.
-void addContent(Where &where, const DocumentSource &source, const DocumentFilter &filter) {
+void addContent(Where &where, const DocumentSource &source, const DocumentQuery &filter) {
     if (filter.goods.isEmpty() && filter.batch.isEmpty())
         return;
     Where line;
@@ -53,7 +53,7 @@ void addWarehouse(const Session &session, Where &where, const DocumentSource &so
 } // namespace
 
 Where documentConditions(const Session &session, const DocumentSource &source,
-                         const DocumentFilter &filter) {
+                         const DocumentQuery &filter) {
     Where where;
     if (!filter.from.isEmpty())
         where.add(source.date + QStringLiteral(">=?"), {filter.from});

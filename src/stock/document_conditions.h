@@ -9,6 +9,6 @@ namespace jxc {
 /// The conditions on a kind's header (called `h`) that a filter means, and those that the
 /// operator's warehouses mean. The kinds and the partner's type are not among them.
 [[nodiscard]] Where documentConditions(const Session &session, const DocumentSource &source,
-                                       const DocumentFilter &filter);
+                                       const DocumentQuery &filter);
 
 } // namespace jxc

@@ -11,7 +11,7 @@ namespace jxc {
 
 namespace {
 
-bool isWanted(const DocumentSource &source, const DocumentFilter &filter) {
+bool isWanted(const DocumentSource &source, const DocumentQuery &filter) {
     if (!filter.codes.isEmpty() && !filter.codes.contains(source.code))
         return false;
     return filter.partner.isEmpty() || source.partnerType == filter.partnerType;
@@ -37,7 +37,7 @@ QString select(const Session &session, const DocumentSource &source, const QStri
 
 } // namespace
 
-Rows findDocuments(const Session &session, const DocumentFilter &filter) {
+Rows findDocuments(const Session &session, const DocumentQuery &filter) {
     QStringList selects;
     Values values;
     for (const DocumentSource &source : documentSources()) {

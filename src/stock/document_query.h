@@ -11,7 +11,7 @@ class Session;
 enum class DocumentState { any, draft, approved };
 
 /// What narrows a list of documents; empty texts do not.
-struct DocumentFilter {
+struct DocumentQuery {
     QStringList codes{};   ///< as findDocumentSource; empty: all kinds
     QString from{}, to{};  ///< "yyyy-MM-dd", both included
     QString partnerType{}; ///< "ghs" or "kh", whose number is `partner`
@@ -29,7 +29,7 @@ struct DocumentFilter {
 /// u_name a_name state (0, 1) state_text (未审核, 已审核) checker note. Amounts stand as on the
 /// document; slips of goods in and out have none. A transfer is seen by whoever sees one of its
 /// warehouses.
-[[nodiscard]] Rows findDocuments(const Session &session, const DocumentFilter &filter);
+[[nodiscard]] Rows findDocuments(const Session &session, const DocumentQuery &filter);
 
 /// The lines of a document, in their order: id, the fields that name a goods (dw_name the line's
 /// unit), sl, dj, zje, bz, t_ph, t_scrq, t_yxq. Slips have no dj and zje (0).

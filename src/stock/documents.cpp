@@ -46,7 +46,7 @@ public:
         : m_kind(kind)
         , m_filter(filter)
         , m_columns(listColumns(kind)) {
-        m_sql = QStringLiteral("select a.%1,a.%2,a.%3,p.%4,a.ck_sn,k.ck_name,%5,%6,%7,%8,%9,")
+        m_sql = QStringLiteral("select a.id,a.%1,a.%2,a.%3,p.%4,a.ck_sn,k.ck_name,%5,%6,%7,%8,%9,")
                     .arg(kind.numberColumn, kind.dateColumn, m_columns.partner,
                          m_columns.partnerName, m_columns.due, m_columns.paid, m_columns.off,
                          m_columns.later, m_columns.quantity) +
@@ -59,6 +59,8 @@ public:
         m_values = {filter.approved ? 1 : 0};
         narrow();
         m_sql += QStringLiteral(" order by a.%1 desc,a.id desc").arg(kind.dateColumn);
+        if (filter.most > 0)
+            m_sql += QStringLiteral(" limit %1").arg(filter.most);
     }
 
     [[nodiscard]] const QString &sql() const { return m_sql; }
@@ -86,6 +88,10 @@ private:
                 .arg(m_kind.numberColumn, m_kind.lineTable),
             m_filter.goods);
         search();
+        if (m_filter.afterId == 0)
+            return;
+        m_sql += QStringLiteral(" and (%1<? or (%1=? and a.id<?))").arg(date);
+        m_values.insert(m_values.end(), {m_filter.afterDate, m_filter.afterDate, m_filter.afterId});
     }
 
     void search() {
@@ -111,6 +117,7 @@ private:
 DocumentRow rowOf(const Row &row) {
     DocumentRow d;
     size_t i = 0;
+    d.id = row.integer(i++);
     for (QString *text :
          {&d.number, &d.date, &d.partner, &d.partnerName, &d.warehouse, &d.warehouseName})
         *text = row.text(i++);

@@ -16,10 +16,17 @@ struct DocumentFilter {
     QString fromDate{}, toDate{};                            ///< "yyyy-MM-dd", both included
     QString warehouse{}, partner{}, operatorName{}, goods{}; ///< numbers; the operator by name
     QString search{}; ///< part of number, partner's name or note
+
+    // For long lists, that are read in pieces: at most so many rows (0: all), those that follow a
+    // row of the piece before.
+    int most = 0;
+    QString afterDate{};
+    qint64 afterId = 0;
 };
 
 /// A row of the upper grid.
 struct DocumentRow {
+    qint64 id = 0;
     QString number, date;
     QString partner, partnerName;
     QString warehouse, warehouseName;

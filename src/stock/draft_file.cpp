@@ -75,9 +75,13 @@ void eachOfHeader(Visitor &visit, Header &draft) {
     visit(u"fingerprint", draft.fingerprint);
 }
 
+/// What is empty is left out, since most of a line is: it is written anew after every cell.
 struct Writer {
     QJsonObject object{};
-    void operator()(const char16_t *name, const QString &text) { put(name, text); }
+    void operator()(const char16_t *name, const QString &text) {
+        if (!text.isEmpty())
+            put(name, text);
+    }
     void operator()(const char16_t *name, Decimal figure) { put(name, figure.toText()); }
     void operator()(const char16_t *name, const std::optional<Decimal> &figure) {
         if (figure)
@@ -85,32 +89,39 @@ struct Writer {
     }
     void operator()(const char16_t *name, bool flag) { put(name, flag); }
     void operator()(const char16_t *name, int number) { put(name, number); }
-    void operator()(const char16_t *name, qint64 number) { put(name, number); }
+    void operator()(const char16_t *name, qint64 number) {
+        if (number != 0)
+            put(name, number);
+    }
 
 private:
     void put(const char16_t *name, const QJsonValue &value) {
-        object.insert(QString::fromUtf16(name), value);
+        object.insert(QStringView(name), value);
     }
 };
 
+/// What is left out keeps the value that a new line has.
 struct Reader {
     const QJsonObject &object;
-    void operator()(const char16_t *name, QString &text) const { text = get(name).toString(); }
+    void operator()(const char16_t *name, QString &text) const { text = get(name).toString(text); }
     void operator()(const char16_t *name, Decimal &figure) const {
-        figure = Decimal::fromText(get(name).toString());
+        if (const QJsonValue value = get(name); value.isString())
+            figure = Decimal::fromText(value.toString());
     }
     void operator()(const char16_t *name, std::optional<Decimal> &figure) const {
         figure.reset();
-        if (get(name).isString())
-            figure = Decimal::fromText(get(name).toString());
+        if (const QJsonValue value = get(name); value.isString())
+            figure = Decimal::fromText(value.toString());
     }
-    void operator()(const char16_t *name, bool &flag) const { flag = get(name).toBool(); }
-    void operator()(const char16_t *name, int &number) const { number = get(name).toInt(); }
-    void operator()(const char16_t *name, qint64 &number) const { number = get(name).toInteger(); }
+    void operator()(const char16_t *name, bool &flag) const { flag = get(name).toBool(flag); }
+    void operator()(const char16_t *name, int &number) const { number = get(name).toInt(number); }
+    void operator()(const char16_t *name, qint64 &number) const {
+        number = get(name).toInteger(number);
+    }
 
 private:
     [[nodiscard]] QJsonValue get(const char16_t *name) const {
-        return object.value(QString::fromUtf16(name));
+        return object.value(QStringView(name));
     }
 };
 
@@ -154,23 +165,45 @@ std::optional<Draft> draftFromJson(const QByteArray &json) {
 DraftFile::DraftFile(const QString &folder, const Session &session, const QString &code)
     : m_file(QDir(folder).filePath(
           QStringLiteral("%1-%2-%3.json")
-              .arg(accountSetName(session), session.currentOperatorNo, code))) {}
-
-bool DraftFile::keep(const Draft &draft) const {
-    if (!QDir().mkpath(QFileInfo(m_file).path()))
-        return false;
-    QSaveFile file(m_file);
-    return file.open(QIODevice::WriteOnly) && file.write(draftToJson(draft)) >= 0 && file.commit();
+              .arg(accountSetName(session), session.currentOperatorNo, code))) {
+    m_writer.setMaxThreadCount(1);
 }
 
-std::optional<Draft> DraftFile::read() const {
+DraftFile::~DraftFile() {
+    m_writer.waitForDone();
+}
+
+void DraftFile::keep(const Draft &draft) {
+    const QMutexLocker locked(&m_lock);
+    const bool isWriting = m_waiting.has_value();
+    m_waiting = draft;
+    if (!isWriting)
+        m_writer.start([this] { writeWaiting(); });
+}
+
+void DraftFile::writeWaiting() {
+    std::optional<Draft> draft;
+    {
+        const QMutexLocker locked(&m_lock);
+        draft.swap(m_waiting);
+    }
+    QSaveFile file(m_file);
+    if (draft && QDir().mkpath(QFileInfo(m_file).path()) && file.open(QIODevice::WriteOnly)) {
+        file.write(draftToJson(*draft));
+        file.commit();
+    }
+}
+
+std::optional<Draft> DraftFile::read() {
+    m_writer.waitForDone();
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return draftFromJson(file.readAll());
 }
 
-void DraftFile::forget() const {
+void DraftFile::forget() {
+    m_writer.waitForDone();
     QFile::remove(m_file);
 }
 

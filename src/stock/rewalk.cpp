@@ -90,7 +90,7 @@ void writeStockCosts(Database &db, const std::map<JournalKey, Decimal> &costs) {
 } // namespace
 
 void rewalkEverything(const Session &session, const Parameters &parameters,
-                      const Progress &progress) {
+                      const RewalkProgress &progress) {
     Database &db = session.db();
     const Journals journals = readJournals(db);
     const int total = static_cast<int>(journals.size());

@@ -39,8 +39,8 @@ QString select(const Side &side, const DocumentSource &source, const QString &co
 
 } // namespace
 
-Rows findTrade(const Session &session, Trade trade, const DocumentFilter &filter) {
-    DocumentFilter approved = filter;
+Rows findTrade(const Session &session, Trade trade, const DocumentQuery &filter) {
+    DocumentQuery approved = filter;
     approved.state = DocumentState::approved;
     QStringList selects;
     Values values;

@@ -11,6 +11,6 @@ namespace jxc {
 /// code title id number rq partner_sn partner_name ck_sn ck_name yfje due, sfje paid at once, yhje
 /// off, wfje still unpaid, u_name a_name note checker chkrq. Amounts of returns are negative, so
 /// that the sums under the list are net.
-[[nodiscard]] Rows findTrade(const Session &session, Trade trade, const DocumentFilter &filter);
+[[nodiscard]] Rows findTrade(const Session &session, Trade trade, const DocumentQuery &filter);
 
 } // namespace jxc

@@ -4,6 +4,7 @@
 #include "ui/theme.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QTranslator>
@@ -29,6 +30,9 @@ void dress(QMessageBox &box, const QString &text, const QString &caption, const 
     box.setWindowTitle(caption);
     box.setTextFormat(Qt::PlainText); // a goods name may hold what looks like markup
     box.setText(shown(text));
+    // A short sentence would leave no room for the caption.
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
+        grid->addItem(new QSpacerItem(300, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 } // namespace

@@ -90,9 +90,26 @@ std::optional<Decimal> askNewTotal(const FormContext &context, Decimal ofLines,
     return field->value();
 }
 
-std::optional<Decimal> choosePastPrice(const FormContext &context, const DocumentFormSpec &spec,
-                                       const EditLine &line, const QString &partner,
-                                       QWidget *parent) {
+namespace {
+
+/// Purchase prices that are only looked at are costs; who types a purchase sees them anyway.
+ColumnSpecs pastPriceColumns(const DocumentFormSpec &spec, bool toRead) {
+    const auto money = [&](ColumnSpec price) {
+        return toRead && !spec.isSale() ? costOnly(std::move(price)) : price;
+    };
+    return {text(u"whose", u"范围", 72),
+            column(u"date", u"日期", ValueKind::date),
+            text(u"number", u"单据号", 132),
+            text(u"partner", spec.isSale() ? u"客户" : u"供货商", 140),
+            text(u"unit", u"单位", 56),
+            column(u"quantity", u"数量", ValueKind::quantity),
+            money(column(u"price", u"单价", ValueKind::price)),
+            money(column(u"taxPrice", u"含税单价", ValueKind::price)),
+            column(u"discount", u"折扣", ValueKind::factor)};
+}
+
+Rows pastPriceRows(const FormContext &context, const DocumentFormSpec &spec, const QString &goods,
+                   const QString &partner) {
     RowList list({u"whose", u"date", u"number", u"partner", u"unit", u"quantity", u"price",
                   u"taxPrice", u"discount"});
     const auto add = [&](const QString &whose, const std::vector<PastPrice> &prices) {
@@ -102,24 +119,36 @@ std::optional<Decimal> choosePastPrice(const FormContext &context, const Documen
     };
     if (!partner.isEmpty())
         add(spec.isSale() ? QStringLiteral("该客户") : QStringLiteral("该供货商"),
-            lastPrices(context.session, spec.code(), line.typed.goods, partner));
-    add(QStringLiteral("全部"), lastPrices(context.session, spec.code(), line.typed.goods, {}));
+            lastPrices(context.session, spec.code(), goods, partner));
+    add(QStringLiteral("全部"), lastPrices(context.session, spec.code(), goods, {}));
+    return list.take();
+}
+
+} // namespace
+
+std::optional<Decimal> choosePastPrice(const FormContext &context, const DocumentFormSpec &spec,
+                                       const EditLine &line, const QString &partner,
+                                       QWidget *parent) {
     TF_GridMsg dialog(context, QStringLiteral("TF_PriceHistory"),
                       QStringLiteral("历史价格 － %1").arg(line.info.name),
-                      {text(u"whose", u"范围", 72), column(u"date", u"日期", ValueKind::date),
-                       text(u"number", u"单据号", 132),
-                       text(u"partner", spec.partnerWord == u"客户" ? u"客户" : u"供货商", 140),
-                       text(u"unit", u"单位", 56),
-                       column(u"quantity", u"数量", ValueKind::quantity),
-                       column(u"price", u"单价", ValueKind::price),
-                       column(u"taxPrice", u"含税单价", ValueKind::price),
-                       column(u"discount", u"折扣", ValueKind::factor)},
-                      list.take(), parent);
+                      pastPriceColumns(spec, false),
+                      pastPriceRows(context, spec, line.typed.goods, partner), parent);
     dialog.setMessage(QStringLiteral("回车取当前行的单价。"));
     if (!dialog.choose())
         return {};
     return dialog.grid().current()->decimal(
         context.session.parameters.pricesIncludeTax ? u"taxPrice" : u"price");
+}
+
+void showPastPrices(const FormContext &context, const DocumentFormSpec &spec,
+                    const GoodsName &goods, const QString &partner, QWidget *parent) {
+    TF_GridMsg dialog(context, QStringLiteral("TF_PriceHistory"),
+                      QStringLiteral("历史价格 － %1").arg(goods.name),
+                      pastPriceColumns(spec, true),
+                      pastPriceRows(context, spec, goods.code, partner), parent);
+    dialog.setMessage(QStringLiteral("回车打开当前行的单据。"));
+    if (dialog.choose())
+        context.stage.openDocument(dialog.grid().currentText(u"number"));
 }
 
 QString chooseDraft(const FormContext &context, const DocumentFormSpec &spec, QWidget *parent) {

@@ -36,6 +36,13 @@ void registerBuyer(const FormContext &context, DocumentLines &lines, int row,
                                                      const EditLine &line, const QString &partner,
                                                      QWidget *parent);
 
+struct GoodsName {
+    QString code, name;
+};
+/// The same to read; Enter opens the document of a price.
+void showPastPrices(const FormContext &context, const DocumentFormSpec &spec,
+                    const GoodsName &goods, const QString &partner, QWidget *parent);
+
 /// Brings lines of the documents that this one follows: receipts and sales for goods-in and
 /// goods-out, for returns what can be returned.
 void chooseSource(const FormContext &context, const DocumentFormSpec &spec, DocumentLines &lines,
@@ -63,9 +70,5 @@ struct GoodsChoice {
 /// The number of an unapproved document of the kind to go on with; empty when the user leaves.
 [[nodiscard]] QString chooseDraft(const FormContext &context, const DocumentFormSpec &spec,
                                   QWidget *parent);
-
-/// "Why this cost?": the steps that led to the cost of a goods in a warehouse on a day.
-void showCostStory(const FormContext &context, const QString &goods, const QString &warehouse,
-                   const QString &date, QWidget *parent);
 
 } // namespace jxc

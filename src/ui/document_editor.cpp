@@ -5,6 +5,7 @@
 #include "stock/batches.h"
 #include "stock/new_draft.h"
 #include "stock/posting.h"
+#include "ui/cost_story_window.h"
 #include "ui/document_dialogs.h"
 #include "ui/document_print.h"
 #include "ui/header_panel.h"
@@ -107,6 +108,7 @@ void DocumentEditor::build() {
     m_scanner->setKnows([this](const QString &text) { return isBarcode(context(), text); });
     connect(m_scanner, &ScanCatcher::scanned, this, &DocumentEditor::scanned);
     resize(1280, 720);
+    setFillsParent(true);
 }
 
 void DocumentEditor::addActions() {
@@ -146,9 +148,10 @@ void DocumentEditor::addActions() {
     add("btnPrint", QStringLiteral("打印"), Qt::Key_F12, &DocumentEditor::btnPrintClick);
 
     // Only in the right click and by key.
-    const auto quiet = [this](const QString &caption, const QKeySequence &key,
+    const auto quiet = [this](const char *name, const QString &caption, const QKeySequence &key,
                               void (DocumentEditor::*run)()) {
         auto *action = new QAction(caption, m_table);
+        action->setObjectName(QString::fromLatin1(name));
         action->setShortcut(key);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         connect(action, &QAction::triggered, this, [this, run] {
@@ -157,17 +160,17 @@ void DocumentEditor::addActions() {
         });
         m_table->addAction(action);
     };
-    quiet(QStringLiteral("删除行"), QKeySequence(QStringLiteral("Ctrl+Del")),
+    quiet("btnDeleteLine", QStringLiteral("删除行"), QKeySequence(QStringLiteral("Ctrl+Del")),
           &DocumentEditor::btnDeleteLineClick);
     if (m_spec.code() == u"XS") {
-        quiet(QStringLiteral("设为赠品"), QKeySequence(QStringLiteral("Ctrl+G")),
+        quiet("btnGift", QStringLiteral("设为赠品"), QKeySequence(QStringLiteral("Ctrl+G")),
               &DocumentEditor::btnGiftClick);
-        quiet(QStringLiteral("购买人登记"), QKeySequence(QStringLiteral("Ctrl+B")),
+        quiet("btnBuyer", QStringLiteral("购买人登记"), QKeySequence(QStringLiteral("Ctrl+B")),
               &DocumentEditor::btnBuyerClick);
     }
     if (session().rights.showCostPrice)
-        quiet(QStringLiteral("为什么是这个成本？"), QKeySequence(QStringLiteral("Ctrl+Y")),
-              &DocumentEditor::btnCostClick);
+        quiet("btnCost", QStringLiteral("为什么是这个成本？"),
+              QKeySequence(QStringLiteral("Ctrl+Y")), &DocumentEditor::btnCostClick);
     m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
@@ -194,22 +197,19 @@ void DocumentEditor::open(const Draft &draft) {
     m_filling = true;
     m_base = draft;
     m_newTotal = draft.newTotal;
-    const bool approved = draft.approved;
-    lines().setReadOnly(approved);
+    m_readOnly = m_readOnly || draft.approved;
+    lines().setReadOnly(m_readOnly);
     lines().setSetting({m_spec.code(), draft.partner, draft.warehouse, draft.date});
     m_header->fill(draft);
     lines().setLines(draft.lines);
-    if (m_settlement != nullptr) {
+    if (m_settlement != nullptr)
         m_settlement->fill(draft);
-        m_settlement->setReadOnly(approved);
-    }
     showTotals();
-    m_header->setReadOnly(approved);
-    setWindowTitle(approved ? m_spec.title() + QStringLiteral("（已审核）") : m_spec.title());
-    for (QAction *action : actions())
-        if (action->objectName() != u"btnPrint" && action->objectName() != u"btnPriceHistory" &&
-            approved)
-            action->setEnabled(false);
+    setWindowTitle(m_spec.title() + (draft.approved ? QStringLiteral("（已审核）")
+                                     : m_readOnly ? QStringLiteral("（未审核，只能查看）")
+                                                  : QString()));
+    if (m_readOnly)
+        stopTyping();
     m_filling = false;
     m_changed = false;
 }
@@ -219,6 +219,27 @@ void DocumentEditor::openNumber(const QString &number) {
         open(*draft);
     else
         prompter().inform(QStringLiteral("单据“%1”不存在！").arg(number), informCaption);
+}
+
+/// What only looks stays. There is no way back: a window to type in is made anew.
+void DocumentEditor::stopTyping() {
+    m_header->setReadOnly(true);
+    if (m_settlement != nullptr)
+        m_settlement->setReadOnly(true);
+    static const QStringList looking = {
+        QStringLiteral("btnPrint"), QStringLiteral("btnPriceHistory"), QStringLiteral("btnCost")};
+    for (QAction *action : actions() + m_table->actions())
+        if (!looking.contains(action->objectName()))
+            action->setEnabled(false);
+}
+
+bool DocumentEditor::openToRead(const QString &number) {
+    const std::optional<Draft> draft = loadDraft(session(), number);
+    if (!draft)
+        return false;
+    m_readOnly = true;
+    open(*draft);
+    return true;
 }
 
 void DocumentEditor::takeSource(const QString &number) {
@@ -240,12 +261,12 @@ Draft DocumentEditor::draft() const {
 }
 
 void DocumentEditor::FormActivate() {
-    if (m_base.approved)
+    if (m_readOnly)
         m_table->setFocus();
 }
 
 void DocumentEditor::markChanged() {
-    if (m_filling || m_base.approved)
+    if (m_filling || m_readOnly)
         return;
     m_changed = true;
     m_keeping->start();
@@ -382,6 +403,8 @@ bool DocumentEditor::store(bool approve) {
     m_keeping->stop();
     m_file.forget();
     Q_EMIT this->saved(typed.number);
+    if (session().parameters.printsBeforeSaving && !approve)
+        printDocumentNow(context(), typed.number, this);
     return true;
 }
 
@@ -478,7 +501,7 @@ void DocumentEditor::btnPriceHistoryClick() {
         return;
     const std::optional<Decimal> price =
         choosePastPrice(context(), m_spec, lines().at(row), m_header->partner(), this);
-    if (price && session().parameters.pricesEditable && !m_base.approved)
+    if (price && session().parameters.pricesEditable && !m_readOnly)
         lines().change(row, [&](DraftLine &line) {
             line.price = *price;
             line.total.reset();
@@ -524,7 +547,7 @@ void DocumentEditor::btnPrintClick() {
 
 void DocumentEditor::btnDeleteLineClick() {
     const int row = m_table->currentRow();
-    if (row < 0 || lines().isBlank(row) || m_base.approved)
+    if (row < 0 || lines().isBlank(row) || m_readOnly)
         return;
     lines().remove(row);
     m_table->setCurrentIndex(lines().index(qMin(row, lines().rowCount() - 1),
@@ -546,8 +569,8 @@ void DocumentEditor::btnBuyerClick() {
 void DocumentEditor::btnCostClick() {
     const int row = m_table->currentRow();
     if (row >= 0 && !lines().isBlank(row))
-        showCostStory(context(), lines().at(row).typed.goods, m_header->warehouse(),
-                      m_header->date(), this);
+        showCostStory(context(), {lines().at(row).typed.goods, m_header->warehouse()},
+                      {m_header->date()}, this);
 }
 
 bool DocumentEditor::mayLeave() {

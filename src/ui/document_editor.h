@@ -29,6 +29,8 @@ public:
     /// Opens a draft to edit, an approved document to read.
     void open(const Draft &draft);
     void openNumber(const QString &number);
+    /// Opens a stored document, draft or approved, to read only. False when it is not there.
+    bool openToRead(const QString &number);
     /// Brings the open lines of a receipt or sale, as F9 does.
     void takeSource(const QString &number);
 
@@ -77,6 +79,7 @@ private:
     void cellDone(int row, LineField field);
     void offerSplit(int row);
     bool refuseRepeated(int row, const QString &goods, const QString &name);
+    void stopTyping();
     /// Stores; `approve` in the same action. True when the draft is stored.
     bool store(bool approve);
     void offerApproval();
@@ -97,6 +100,7 @@ private:
     std::optional<Decimal> m_newTotal;
     bool m_changed = false;
     bool m_filling = false;
+    bool m_readOnly = false; ///< approved, or opened from a list that only looks
 };
 
 } // namespace jxc

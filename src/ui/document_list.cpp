@@ -24,6 +24,14 @@
 
 namespace jxc {
 
+namespace {
+
+// A piece that fills the screen at once, and such that no key waits for.
+constexpr int firstPiece = 1000;
+constexpr int furtherPiece = 4000;
+
+} // namespace
+
 DocumentList::DocumentList(const FormContext &context, const DocumentFormSpec &spec,
                            QWidget *parent)
     : Form(context, spec.formClass, spec.title(), parent)
@@ -39,9 +47,12 @@ DocumentList::DocumentList(const FormContext &context, const DocumentFormSpec &s
     , m_goods(new PickField(goodsSource(context, spec.isSale(), [] { return QString(); }),
                             Formats(context.session.parameters), this))
     , m_grid(new Grid(context, spec.formClass, headColumns(), this))
-    , m_lines(new Grid(context, spec.formClass + QStringLiteral("_Detail"), lineColumnsOfKind(),
-                       this)) {
+    , m_lines(
+          new Grid(context, spec.formClass + QStringLiteral("_Detail"), lineColumnsOfKind(), this))
+    , m_reading(new QTimer(this)) {
     build();
+    m_reading->setInterval(0);
+    connect(m_reading, &QTimer::timeout, this, &DocumentList::readOn);
     // Kinds of their own add tabs and actions once they are whole.
     QTimer::singleShot(0, this, [this] { m_grid->setOwnActions(actions()); });
 }
@@ -119,6 +130,7 @@ void DocumentList::build() {
     connect(m_grid, &Grid::currentChanged, rest, qOverload<>(&QTimer::start));
     connect(rest, &QTimer::timeout, this, &DocumentList::refreshLines);
     resize(1280, 720);
+    setFillsParent(true);
 }
 
 QAction *DocumentList::addAction(const QString &name, const QString &caption,
@@ -146,7 +158,10 @@ void DocumentList::addActions() {
     m_actions->addSeparator();
     add("btnPrint", QStringLiteral("打印"), Qt::Key_F12, &DocumentList::btnPrintClick);
     addAction(QStringLiteral("btnExport"), QStringLiteral("导出"),
-              QKeySequence(QStringLiteral("Ctrl+E")), [this] { m_grid->chooseExport(); });
+              QKeySequence(QStringLiteral("Ctrl+E")), [this] {
+                  finishReading();
+                  m_grid->chooseExport();
+              });
     addAction(QStringLiteral("btnExit"), QStringLiteral("退出"), {}, [this] { reject(); });
     if (m_spec.hasMoney) {
         auto *history = new QAction(QStringLiteral("历史价格"), this);
@@ -274,6 +289,48 @@ void DocumentList::refresh() {
         m_grid->goTo(u"number", stay);
         return;
     }
+    const QString stay = m_goTo.isEmpty() ? currentNumber() : std::exchange(m_goTo, {});
+    m_lastId = 0;
+    Rows first = readPiece(firstPiece);
+    const bool more = first.size() == firstPiece;
+    m_grid->setRows(std::move(first));
+    m_grid->goTo(u"number", stay);
+    showCount();
+    if (!more) {
+        m_reading->stop();
+        return;
+    }
+    m_grid->appendRows({}); // the sums are not whole yet
+    m_reading->start();
+}
+
+bool DocumentList::isReading() const {
+    return m_reading->isActive();
+}
+
+void DocumentList::finishReading() {
+    while (isReading())
+        readOn();
+}
+
+void DocumentList::showCount() {
+    m_tabs->setTabText(m_tabs->currentIndex(),
+                       (showsApproved() ? QStringLiteral("已审核 %1") : QStringLiteral("待审核 %1"))
+                           .arg(m_grid->model().rows().size()));
+}
+
+void DocumentList::readOn() {
+    Rows rows = readPiece(furtherPiece);
+    const bool more = rows.size() == furtherPiece;
+    m_grid->appendRows(std::move(rows));
+    if (more)
+        return;
+    m_reading->stop();
+    m_grid->finishRows();
+    showCount();
+}
+
+Rows DocumentList::readPiece(int most) {
     DocumentFilter filter;
     filter.code = m_spec.code();
     filter.approved = showsApproved();
@@ -283,20 +340,21 @@ void DocumentList::refresh() {
     filter.partner = m_partner->code();
     filter.goods = m_goods->code();
     filter.search = m_search->text().trimmed();
-    const QString stay = m_goTo.isEmpty() ? currentNumber() : std::exchange(m_goTo, {});
+    filter.most = most;
+    filter.afterDate = m_lastDate;
+    filter.afterId = m_lastId;
     RowList list({u"number", u"date", u"partner", u"partnerNo", u"warehouse", u"due", u"paid",
                   u"off", u"rest", u"quantity", u"clerk", u"operator", u"note", u"checker",
                   u"checkDate"});
-    for (DocumentRow &r : listDocuments(session(), filter))
+    for (DocumentRow &r : listDocuments(session(), filter)) {
+        m_lastId = r.id;
+        m_lastDate = r.date;
         list.add({std::move(r.number), std::move(r.date), std::move(r.partnerName),
                   std::move(r.partner), std::move(r.warehouseName), r.due, r.paid, r.off, r.rest,
                   r.quantity, std::move(r.clerkName), std::move(r.operatorName), std::move(r.note),
                   std::move(r.checker), std::move(r.checkDate)});
-    m_grid->setRows(list.take());
-    m_grid->goTo(u"number", stay);
-    m_tabs->setTabText(m_tabs->currentIndex(),
-                       (showsApproved() ? QStringLiteral("已审核 %1") : QStringLiteral("待审核 %1"))
-                           .arg(m_grid->model().rowCount()));
+    }
+    return list.take();
 }
 
 void DocumentList::refreshLines() {
@@ -350,7 +408,6 @@ DocumentEditor *DocumentList::makeEditor() {
         activateWindow();
         m_grid->setFocus();
     });
-    editor->resize(size());
     m_editor = editor;
     return editor;
 }
@@ -411,6 +468,7 @@ void DocumentList::btnCheckAllClick() {
         return;
     if (refuseWithout(m_spec.kind->approveRight, m_spec.title() + QStringLiteral("审核")))
         return;
+    finishReading();
     QStringList numbers;
     for (int line = 0; line < m_grid->model().rowCount(); ++line)
         numbers.prepend(m_grid->model().at(line).text(u"number")); // oldest first
@@ -467,12 +525,9 @@ void DocumentList::btnPrintClick() {
 }
 
 void DocumentList::btnPriceHistoryClick() {
-    EditLine line;
-    line.typed.goods = m_lines->currentText(u"g_sn");
-    line.info.name = m_lines->currentText(u"g_name");
-    if (line.typed.goods.isEmpty())
-        return;
-    (void)choosePastPrice(context(), m_spec, line, m_grid->currentText(u"partnerNo"), this);
+    const GoodsName goods{m_lines->currentText(u"g_sn"), m_lines->currentText(u"g_name")};
+    if (!goods.code.isEmpty())
+        showPastPrices(context(), m_spec, goods, m_grid->currentText(u"partnerNo"), this);
 }
 
 } // namespace jxc

@@ -8,6 +8,7 @@
 
 class QLineEdit;
 class QTabBar;
+class QTimer;
 
 namespace jxc {
 
@@ -26,6 +27,7 @@ public:
 
     void FormActivate() override;
     void refresh();
+    [[nodiscard]] bool isReading() const;
     void showApproved(bool approved);
     [[nodiscard]] bool showsApproved() const;
     [[nodiscard]] Grid &grid() { return *m_grid; }
@@ -66,6 +68,12 @@ private:
     void build();
     void addActions();
     void refreshLines();
+    /// The next piece of a long list.
+    void readOn();
+    [[nodiscard]] Rows readPiece(int most);
+    /// Reads what is still to come, before something is done with all rows.
+    void finishReading();
+    void showCount();
     [[nodiscard]] ColumnSpecs headColumns() const;
     [[nodiscard]] ColumnSpecs lineColumnsOfKind() const;
     [[nodiscard]] bool may(int right) const;
@@ -85,6 +93,9 @@ private:
     PickField *m_warehouse, *m_partner, *m_goods;
     Grid *m_grid, *m_lines;
     QPointer<DocumentEditor> m_editor;
+    QTimer *m_reading; ///< runs while pieces of the list are still to come
+    QString m_lastDate;
+    qint64 m_lastId = 0; ///< the last row read
     QString m_goTo;
     int m_ownTabs = 0;
     bool m_ownColumns = false; ///< the grid has those of the own tab

@@ -12,12 +12,4 @@ bool isBarcode(const FormContext &context, const QString &text) {
     return text.size() >= 6 && !goodsOfBarcode(context, text).isEmpty();
 }
 
-std::vector<GoodsChoice> chooseGoods(const FormContext &, const DocumentFormSpec &, const QString &,
-                                     QWidget *) {
-    return {};
-}
-
-void showCostStory(const FormContext &, const QString &, const QString &, const QString &,
-                   QWidget *) {}
-
 } // namespace jxc

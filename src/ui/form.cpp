@@ -28,10 +28,17 @@ bool Form::show(const Outcome &outcome) {
 
 void Form::showModal() {
     setWindowModality(Qt::ApplicationModal);
+    if (m_fillsParent && parentWidget() != nullptr)
+        setGeometry(parentWidget()->window()->geometry());
     QDialog::show();
     raise();
     activateWindow();
     FormActivate();
+}
+
+bool Form::runModal() {
+    FormActivate();
+    return exec() == QDialog::Accepted;
 }
 
 void Form::setCaption(const QString &caption) {

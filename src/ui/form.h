@@ -23,6 +23,13 @@ public:
     /// Shows the one kept instance of a form ("TF_Kccx"), made at its first use. Null when the
     /// form is not part of this program.
     virtual Form *openForm(const QString &className, const QString &caption) = 0;
+    /// A new instance of a form, not shown yet, for whoever asked to be its only owner. Null when
+    /// the form is not part of this program.
+    virtual Form *makeForm(const QString &className, QWidget *parent) {
+        Q_UNUSED(className)
+        Q_UNUSED(parent)
+        return nullptr;
+    }
     /// Shows a stored document of any kind, to read.
     virtual void openDocument(const QString &number) = 0;
 };
@@ -33,7 +40,7 @@ struct FormContext {
     Prompter &prompter;
     FormStage &stage;
     GoodsFinder &goods; ///< of this connection; it keeps what it has read
-    QString home; ///< the folder that holds data/, Layout/ and report/
+    QString home;       ///< the folder that holds data/, Layout/ and report/
 };
 
 /// A function form or a dialog. The class name is also its object name: layouts are kept and help
@@ -55,6 +62,11 @@ public:
 
     /// Brings the form to the front, modal, and calls FormActivate.
     void showModal();
+    /// The same, and waits until it is closed: true when it was accepted.
+    bool runModal();
+
+    /// Forms to work in all day are as large as the window behind them.
+    void setFillsParent(bool on) { m_fillsParent = on; }
 
     /// The caption that the dispatch gives may choose what the form shows first.
     virtual void setCaption(const QString &caption);
@@ -69,6 +81,7 @@ public:
 
 private:
     FormContext m_context;
+    bool m_fillsParent = false;
 };
 
 } // namespace jxc

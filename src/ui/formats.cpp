@@ -51,8 +51,9 @@ QString Formats::cell(const ColumnSpec &column, const Row &row, size_t index) co
     if (!column.words.isEmpty())
         if (const auto word = column.words.constFind(row.text(index)); word != column.words.cend())
             return *word;
+    // No figure at all is not a nought.
     if (isNumber(column.kind))
-        return text(column.kind, row.decimal(index));
+        return row.isNull(index) ? QString() : text(column.kind, row.decimal(index));
     const QString stored = row.text(index);
     if (column.kind == ValueKind::status)
         return stored == QLatin1String("1") ? QStringLiteral("已审核") : QStringLiteral("未审核");

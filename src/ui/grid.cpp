@@ -125,6 +125,17 @@ void Grid::setRows(Rows rows) {
     Q_EMIT currentChanged();
 }
 
+void Grid::appendRows(Rows rows) {
+    m_model->appendRows(std::move(rows));
+    m_sums->setContents(QStringLiteral("正在读取：%1").arg(m_model->rows().size()), {});
+}
+
+void Grid::finishRows() {
+    if (m_model->isArranged())
+        goToLine(m_model->rearrange(m_view->currentIndex().row()));
+    refreshFooter();
+}
+
 const Row *Grid::current() const {
     const QModelIndex index = m_view->currentIndex();
     return index.isValid() ? &m_model->at(index.row()) : nullptr;
@@ -373,8 +384,10 @@ void Grid::openHeaderMenu(const QPoint &at) {
 
 void Grid::openBodyMenu(const QPoint &at) {
     QMenu menu(this);
-    menu.addActions(m_ownActions);
-    if (!m_ownActions.isEmpty())
+    for (QAction *action : std::as_const(m_ownActions))
+        if (!action->text().isEmpty()) // some are there for their key alone
+            menu.addAction(action);
+    if (!menu.isEmpty())
         menu.addSeparator();
     menu.addAction(QStringLiteral("复制\tCtrl+C"), this, &Grid::copySelection);
     menu.addAction(QStringLiteral("筛选\tCtrl+F"), this, [this] { startFilter(); });

@@ -34,6 +34,9 @@ public:
     /// Columns that the operator may not see are left out here, so that nothing leaks by export.
     void setColumns(ColumnSpecs columns);
     void setRows(Rows rows);
+    /// For lists so long that they are read in pieces: further rows, until finishRows().
+    void appendRows(Rows rows);
+    void finishRows();
     [[nodiscard]] RowsModel &model() { return *m_model; }
     [[nodiscard]] const RowsModel &model() const { return *m_model; }
     [[nodiscard]] QTableView &view() { return *m_view; }

@@ -6,9 +6,15 @@
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 namespace jxc {
+
+bool isBehindDialog(const QWidget &editor, const QEvent &event) {
+    const QWidget *modal = QApplication::activeModalWidget();
+    return event.type() == QEvent::FocusOut && modal != nullptr && modal != editor.window();
+}
 
 LineDelegate::LineDelegate(LineTable *table)
     : QStyledItemDelegate(table)
@@ -65,10 +71,16 @@ QWidget *LineDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         line->setMaxLength(column.field == LineField::batch ? 30 : 100);
         editor = line;
     }
+    // By its class, or the list that drops down from it would look so too.
     editor->setStyleSheet(
-        // Not for the list that opens under it.
         QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 8px; }"));
     return editor;
+}
+
+/// The whole cell: the view would leave out the padding of its texts.
+void LineDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &) const {
+    editor->setGeometry(option.rect);
 }
 
 void LineDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const {
@@ -97,12 +109,6 @@ void LineDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         text = date->date();
     if (model->setData(index, text, Qt::EditRole))
         Q_EMIT m_table->cellDone(index.row(), field);
-}
-
-/// The whole cell, so that what is typed stands where it will stay.
-void LineDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
-                                        const QModelIndex &) const {
-    editor->setGeometry(option.rect);
 }
 
 /// Takes what was typed; false when it means nothing and the cell stays open.
@@ -151,6 +157,8 @@ bool LineDelegate::enter(QWidget *editor, int direction) {
 
 bool LineDelegate::eventFilter(QObject *watched, QEvent *event) {
     auto *editor = qobject_cast<QLineEdit *>(watched);
+    if (editor != nullptr && isBehindDialog(*editor, *event))
+        return false;
     if (editor == nullptr || event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);

@@ -6,6 +6,10 @@ namespace jxc {
 
 class LineTable;
 
+/// Whether a cell's field lost the focus only because a dialog opened above its window: to add what
+/// is missing, or to tell something. The cell stays open then.
+[[nodiscard]] bool isBehindDialog(const QWidget &editor, const QEvent &event);
+
 /// The editors of a document line's cells, and what the keys do in them.
 class LineDelegate : public QStyledItemDelegate {
     Q_OBJECT
@@ -14,11 +18,11 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
-    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
-                              const QModelIndex &index) const override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

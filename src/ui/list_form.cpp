@@ -65,6 +65,7 @@ ListForm::ListForm(const FormContext &context, const QString &className, const Q
         m_grid->setFocus();
     });
     resize(1280, 680);
+    setFillsParent(true);
 }
 
 void ListForm::FormActivate() {

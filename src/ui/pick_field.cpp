@@ -1,6 +1,7 @@
 #include "ui/pick_field.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QTimer>
 
 namespace jxc {
@@ -110,9 +111,13 @@ void PickField::keyPressEvent(QKeyEvent *event) {
     if (key == Qt::Key_Insert && event->modifiers() == Qt::ControlModifier && m_source.addNew) {
         if (m_list != nullptr)
             m_list->hide();
-        if (const QString code = m_source.addNew(this); !code.isEmpty())
-            if (const std::optional<Row> row = m_source.find(code))
-                take(*row);
+        // While another form was open the cell of this field may have gone.
+        const QPointer<PickField> self(this);
+        const QString code = m_source.addNew(this);
+        if (self == nullptr || code.isEmpty())
+            return;
+        if (const std::optional<Row> row = m_source.find(code))
+            take(*row);
         return;
     }
     if (key == Qt::Key_F2 || (key == Qt::Key_Down && !isListOpen())) {

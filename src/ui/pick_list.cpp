@@ -38,7 +38,8 @@ PickList::PickList(const PickSource &source, const Formats &formats, QWidget *fi
     }
     if (source.width > 0)
         m_width = source.width;
-    m_width += 16;
+    m_width += 20; // frame and scroll bar
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);

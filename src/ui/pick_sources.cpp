@@ -4,6 +4,7 @@
 #include "db/database.h"
 #include "master/finders.h"
 #include "master/goods_search.h"
+#include "ui/master_picks.h"
 #include "ui/row_list.h"
 
 #include <QLineEdit>
@@ -54,12 +55,15 @@ PickSource partnerSource(const FormContext &context, Partner::Kind kind) {
         text(u"phone", u"电话", 112),
         text(u"address", u"地址", 160),
         column(u"balance", customer ? u"应收余额" : u"应付余额", ValueKind::amount, 104)};
-    return customer ? foundSource(context, Sought::customer, std::move(columns),
-                                  QStringLiteral("jxc_khxx"), QStringLiteral("kh_sn"),
-                                  QStringLiteral("kh_name"))
-                    : foundSource(context, Sought::supplier, std::move(columns),
-                                  QStringLiteral("jxc_ghsxx"), QStringLiteral("ghs_sn"),
-                                  QStringLiteral("ghs_name"));
+    const QString table = customer ? QStringLiteral("jxc_khxx") : QStringLiteral("jxc_ghsxx");
+    const QString code = customer ? QStringLiteral("kh_sn") : QStringLiteral("ghs_sn");
+    const QString name = customer ? QStringLiteral("kh_name") : QStringLiteral("ghs_name");
+    PickSource source = foundSource(context, customer ? Sought::customer : Sought::supplier,
+                                    std::move(columns), table, code, name);
+    source.addNew = [context, table, code](QWidget *parent) {
+        return addMasterRecord(context, table, code, parent);
+    };
+    return source;
 }
 
 PickSource warehouseSource(const FormContext &context) {
@@ -126,6 +130,10 @@ PickSource goodsSource(const FormContext &context, bool forSale,
                       hit.stock, price, hit.barcode});
         }
         return list.take();
+    };
+    source.addNew = [context](QWidget *parent) {
+        return addMasterRecord(context, QStringLiteral("jxc_goods"), QStringLiteral("g_sn"),
+                               parent);
     };
     Session &session = context.session;
     source.find = [&session](const QString &code) {

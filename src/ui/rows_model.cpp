@@ -85,6 +85,37 @@ void RowsModel::setRows(Rows rows) {
     endResetModel();
 }
 
+void RowsModel::appendRows(Rows rows) {
+    if (rows.empty())
+        return;
+    const bool plain = !isArranged();
+    const size_t before = m_rows.size();
+    if (plain)
+        beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(rows.size()) - 1);
+    m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
+                  std::make_move_iterator(rows.end()));
+    m_ticks.resize(m_rows.size(), false);
+    if (!m_haystacks.empty())
+        m_haystacks.resize(m_rows.size());
+    if (m_cells.empty())
+        resolveColumns();
+    if (!plain)
+        return;
+    for (size_t i = before; i < m_rows.size(); ++i)
+        m_shown.push_back(i);
+    endInsertRows();
+}
+
+int RowsModel::rearrange(int line) {
+    const bool hadRow = line >= 0 && line < rowCount();
+    const size_t row = hadRow ? m_shown[static_cast<size_t>(line)] : 0;
+    beginResetModel();
+    arrange();
+    endResetModel();
+    const auto found = std::find(m_shown.begin(), m_shown.end(), row);
+    return hadRow && found != m_shown.end() ? static_cast<int>(found - m_shown.begin()) : 0;
+}
+
 void RowsModel::resolveColumns() {
     m_cells.clear();
     if (m_rows.empty())

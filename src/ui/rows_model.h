@@ -23,6 +23,13 @@ public:
     void setFormats(Formats formats) { m_formats = std::move(formats); }
     /// Keeps sort order and filter.
     void setRows(Rows rows);
+    /// Further rows of the same query. While the view is sorted or filtered they show only after
+    /// rearrange().
+    void appendRows(Rows rows);
+    /// Sorts and filters what was appended; the row of `line` is answered by its new line.
+    int rearrange(int line);
+    /// Sorted or filtered.
+    [[nodiscard]] bool isArranged() const { return m_sortColumn >= 0 || !m_words.isEmpty(); }
     [[nodiscard]] const Rows &rows() const { return m_rows; }
 
     [[nodiscard]] const ColumnSpecs &columns() const { return m_columns; }

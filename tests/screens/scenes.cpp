@@ -3,9 +3,14 @@
 #include "app/tf_loading.h"
 #include "app/tf_login.h"
 #include "app/tf_mainform.h"
+#include "stock/forms/stock_panel.h"
+#include "stock/forms/tf_kccx.h"
 #include "support/windows.h"
+#include "ui/cost_story_window.h"
 #include "ui/document_editor.h"
 #include "ui/document_list.h"
+#include "ui/goods_chooser.h"
+#include "ui/grid.h"
 #include "ui/header_panel.h"
 #include "ui/line_table.h"
 
@@ -136,6 +141,30 @@ void takeDocuments(DocumentList &list, Photographer &photographer, const QString
     drop(list.editor());
 }
 
+/// The goods with the most movements: its prices, movements and cost; and goods being chosen.
+void takeStock(TF_Kccx &form, Photographer &photographer, const QString &name) {
+    const QString goods = form.db().scalar(
+        QStringLiteral("select g_sn from jxc_goodslist where gl_kc<>0 group by g_sn order by "
+                       "count(*) desc,g_sn"));
+    form.stock().grid().goTo(u"g_sn", goods);
+    form.btnPriceHistoryClick();
+    photographer.take(&form, name + QStringLiteral("_prices"));
+    const JournalKey key = form.stock().currentKey();
+    form.btnMovementsClick();
+    photographer.take(&form, name + QStringLiteral("_movements"));
+    TF_CostStory story(form.context(), key, {QStringLiteral("9999-12-31")}, &form);
+    story.showModal();
+    photographer.take(&story, name + QStringLiteral("_story"));
+    story.done(0);
+    TF_GoodsSele chooser(form.context(), true, key.warehouse, &form);
+    chooser.showModal();
+    for (const int line : {0, 3})
+        chooser.grid().model().tick(line, true);
+    photographer.take(&chooser, name + QStringLiteral("_chooser"));
+    chooser.done(0);
+    form.showTab(0);
+}
+
 } // namespace
 
 void takeShell(FormRegistry &registry, Photographer &photographer) {
@@ -171,6 +200,8 @@ void takeForm(FormRegistry &registry, Photographer &photographer, const QString 
     photographer.take(form, name);
     if (auto *list = qobject_cast<DocumentList *>(form))
         takeDocuments(*list, photographer, name);
+    if (auto *stock = qobject_cast<TF_Kccx *>(form))
+        takeStock(*stock, photographer, name);
     form->done(0);
 }
 

@@ -187,7 +187,7 @@ void TestLookUps::documents() {
         QStringList({u"2026-03-09|商品销售单|7|未审核"_qs, u"2026-03-08|采购退货单|4|已审核"_qs,
                      u"2026-03-07|商品销售单|15|已审核"_qs, u"2026-03-06|采购进货单|16|已审核"_qs,
                      u"2026-03-05|采购进货单|33|已审核"_qs, u"2026-03-01|采购进货单|6|已审核"_qs}));
-    const auto found = [&](const DocumentFilter &filter) {
+    const auto found = [&](const DocumentQuery &filter) {
         return shown(findDocuments(shop.session, filter), u"rq"_qs);
     };
     QCOMPARE(found({.codes = {u"CT"_qs}}), QStringList{day(8)});

@@ -85,6 +85,8 @@ QString serverTemplate() {
 
 } // namespace
 
+static std::optional<Engine> chosenEngine; // outside a test's rows
+
 std::vector<Engine> engines() {
     if (serverUrl().isEmpty()) return {Engine::Sqlite};
     return {Engine::Sqlite, Engine::Postgres};
@@ -99,7 +101,12 @@ void addEngineRows() {
     for (const Engine engine : engines()) QTest::newRow(qPrintable(engineName(engine))) << engine;
 }
 
+void useEngine(Engine engine) {
+    chosenEngine = engine;
+}
+
 Engine currentEngine() {
+    if (chosenEngine) return *chosenEngine;
     QFETCH(Engine, engine);
     return engine;
 }

@@ -13,6 +13,8 @@ namespace jxc::test {
 [[nodiscard]] QString engineName(Engine engine);
 /// Adds a row per engine to a data-driven test: column "engine".
 void addEngineRows();
+/// For programs that are no tests: the engine of everything that follows.
+void useEngine(Engine engine);
 /// The engine of the running row.
 [[nodiscard]] Engine currentEngine();
 
