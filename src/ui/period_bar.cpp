@@ -6,6 +6,7 @@
 #include <QButtonGroup>
 #include <QDate>
 #include <QLabel>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace jxc {
@@ -49,6 +50,7 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     const QString captions[] = {QStringLiteral("今天"), QStringLiteral("本周"),
                                 QStringLiteral("本月"), QStringLiteral("上月"),
                                 QStringLiteral("本年"), QStringLiteral("全部")};
@@ -58,6 +60,11 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
         button->setText(caption);
         button->setCheckable(true);
         button->setFocusPolicy(Qt::NoFocus);
+        const auto choice = static_cast<PeriodChoice>(id);
+        const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + id));
+        button->setToolTip(key.toString(QKeySequence::NativeText));
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, choice] { choose(choice); });
         m_buttons->addButton(button, id++);
         layout->addWidget(button);
     }

@@ -9,7 +9,7 @@ namespace jxc {
 namespace {
 
 /// Where the figures of the cells above end.
-constexpr int cellMargin = 14;
+constexpr int cellMargin = 11;
 
 } // namespace
 

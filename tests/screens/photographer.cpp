@@ -77,7 +77,7 @@ void paintDialog(QPainter &painter, QWidget *dialog, const QPoint &at) {
 
 } // namespace
 
-Photographer::Photographer(const QString &folder, const QString &only)
+Photographer::Photographer(const QString &folder, const QStringList &only)
     : m_folder(folder)
     , m_only(only) {
     m_folder.mkpath(QStringLiteral("."));

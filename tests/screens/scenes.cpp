@@ -189,7 +189,7 @@ void takeShell(FormRegistry &registry, Photographer &photographer) {
 }
 
 void takeForm(FormRegistry &registry, Photographer &photographer, const QString &name) {
-    if (!photographer.wants(name))
+    if (!photographer.wants(name) && !photographer.wantsOf(name))
         return;
     Form *form = registry.openForm(name, {});
     if (form == nullptr)

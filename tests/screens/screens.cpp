@@ -1,5 +1,5 @@
 // Takes a picture of every form of the program, filled with a shop's data, for people to look at.
-//   jxc_screens --home SHOP --out FOLDER [--form NAME] [--theme NAME]
+//   jxc_screens --home SHOP --out FOLDER [--form NAME]… [--theme NAME]
 #include "core/account_set.h"
 #include "core/clock.h"
 #include "core/session.h"
@@ -56,7 +56,7 @@ int main(int argc, char **argv) {
     QuietPrompter prompter;
     FormRegistry registry(session, prompter, parser.value(home));
     registerForms(registry);
-    test::Photographer photographer(parser.value(out), parser.value(form));
+    test::Photographer photographer(parser.value(out), parser.values(form));
     test::takeShell(registry, photographer);
     test::takeTyping(registry, photographer);
     QStringList names = registry.knownForms();

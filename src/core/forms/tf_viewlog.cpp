@@ -47,10 +47,6 @@ void TF_ViewLog::btnFindClick() {
     refresh();
 }
 
-void TF_ViewLog::btnAllTimeClick() {
-    m_period->choose(PeriodChoice::allTime);
-}
-
 void TF_ViewLog::btnClearClick() {
     if (!mayClearLog(session())) {
         showNoRightMessage(prompter(), QStringLiteral("清除日志！"));

@@ -13,7 +13,6 @@ public:
     void FormActivate() override;
 
     void btnFindClick();
-    void btnAllTimeClick();
     void btnClearClick();
 
 protected:
