@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QTableWidget>
@@ -186,6 +187,9 @@ QWidget *TF_Import::makeButtons() {
     for (QPushButton *button : {m_back, m_next, cancel})
         button->setAutoDefault(false);
     m_next->setDefault(true);
+    // Shortcuts, since a box that has the focus would take F4 to open its list.
+    connect(new QShortcut(Qt::Key_F4, this), &QShortcut::activated, this, &TF_Import::btnBackClick);
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &TF_Import::btnNextClick);
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch();
@@ -201,6 +205,7 @@ QWidget *TF_Import::makeButtons() {
 void TF_Import::FormActivate() {
     m_sheets.clear();
     m_readFile.clear();
+    m_mappedHeader.clear();
     m_file->setPath({});
     m_sheet->clear();
     m_preview->setRowCount(0);
@@ -309,6 +314,7 @@ void TF_Import::showPreview() {
 /// The columns as they are proposed; the user corrects them.
 void TF_Import::fillMapping() {
     const QStringList names = header();
+    m_mappedHeader = names;
     const ImportMapping proposed = proposeMapping(session(), m_fields, names);
     m_mapping->setRowCount(static_cast<int>(m_fields.size()));
     for (int row = 0; row < m_mapping->rowCount(); ++row) {
@@ -331,7 +337,10 @@ void TF_Import::fillMapping() {
 }
 
 QComboBox *TF_Import::columnBox(const QString &field) const {
-    return m_mapping->findChild<QComboBox *>(field);
+    for (int row = 0; row < m_mapping->rowCount(); ++row)
+        if (m_mapping->cellWidget(row, 1)->objectName() == field)
+            return static_cast<QComboBox *>(m_mapping->cellWidget(row, 1));
+    return nullptr;
 }
 
 void TF_Import::showSamples() {
@@ -423,7 +432,8 @@ void TF_Import::btnNextClick() {
     switch (step()) {
     case fileStep:
         if (readFile() && sheet() != nullptr) {
-            fillMapping();
+            if (header() != m_mappedHeader)
+                fillMapping(); // else what was corrected stays
             showStep(mappingStep);
         }
         break;
@@ -467,11 +477,7 @@ bool TF_Import::mayLeave() {
 
 void TF_Import::keyPressEvent(QKeyEvent *event) {
     const int key = event->key();
-    if (key == Qt::Key_F5)
-        btnNextClick();
-    else if (key == Qt::Key_F4)
-        btnBackClick();
-    else if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
         focusNextChild();
     else
         Form::keyPressEvent(event);

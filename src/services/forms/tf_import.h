@@ -76,6 +76,7 @@ private:
 
     std::vector<Sheet> m_sheets;
     std::vector<ImportField> m_fields;
+    QStringList m_mappedHeader; ///< of the file that the columns were proposed for
     ImportRequest m_request;
     std::vector<ImportRow> m_rows;
     bool m_done = false; ///< imported; what is shown is the result
