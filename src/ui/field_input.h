@@ -58,6 +58,7 @@ private:
     void makeShown(QWidget *parent);
     void addListButton(QWidget *parent, QWidget *field);
     void openList();
+    void offerToAdd(const QString &typed);
 
     FormContext m_context;
     QString m_table;

@@ -28,6 +28,7 @@ SmallListForm::SmallListForm(const FormContext &context, const MasterKind &kind,
     , m_bar(new ActionBar(this))
     , m_search(new QLineEdit(this)) {
     addActions(*m_bar);
+    addRelated();
     m_search->setPlaceholderText(QStringLiteral("查找 F3"));
     m_search->setClearButtonEnabled(true);
     m_search->setFixedWidth(160);
@@ -78,6 +79,17 @@ void SmallListForm::addActions(ActionBar &bar) {
     connect(find, &QAction::triggered, m_search, qOverload<>(&QWidget::setFocus));
 }
 
+/// The watched kinds of goods are kept together with the other lists that the papers speak of.
+void SmallListForm::addRelated() {
+    if (m_kind.table != QLatin1String("jxc_gspcs"))
+        return;
+    for (const char16_t *table : {u"jxc_yjlx", u"jxc_tym", u"jxc_color", u"jxc_hjxx"}) {
+        const MasterKind &list = masterKind(QString::fromUtf16(table));
+        m_bar->add(list.form, list.noun, {},
+                   [this, &list] { context().stage.openForm(list.form, {}); });
+    }
+}
+
 void SmallListForm::openMenu(const QPoint &at) {
     QMenu menu(this);
     menu.addActions(m_actions);
@@ -116,10 +128,11 @@ void SmallListForm::refresh() {
 void SmallListForm::FormActivate() {
     m_chosen = {};
     refresh();
-    if (m_choosing)
+    if (m_choosing) {
         m_table->startNewRow();
-    else
-        m_table->setCurrentIndex(m_rows->index(0, m_rows->columnOf(m_kind.nameColumn)));
+        return;
+    }
+    m_table->setCurrentIndex(m_rows->index(0, m_rows->columnOf(m_kind.nameColumn)));
     m_table->setFocus();
 }
 

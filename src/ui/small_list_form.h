@@ -41,6 +41,7 @@ protected:
 
 private:
     void addActions(ActionBar &bar);
+    void addRelated();
     void openMenu(const QPoint &at);
     void choose();
     void refresh();

@@ -80,6 +80,10 @@ void whenOpen(const std::function<void(Dialog *)> &act) {
     QObject::connect(timer, &QTimer::timeout, timer, [timer, act, below = QApplication::activeModalWidget()] {
         auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
         if (dialog == nullptr || dialog == below) return;
+        if (!dialog->isActiveWindow()) {
+            dialog->activateWindow();
+            return;
+        }
         timer->stop();
         timer->deleteLater();
         act(dialog);

@@ -9,7 +9,11 @@
 #include "master_forms/stage.h"
 #include "services/forms/tf_import.h"
 #include "services/forms/tf_xtcs.h"
+#include "ui/document_editor.h"
+#include "ui/document_list.h"
 #include "ui/field_tabs.h"
+#include "ui/header_panel.h"
+#include "ui/line_table.h"
 #include "ui/pick_field.h"
 #include "ui/record_table.h"
 
@@ -70,6 +74,10 @@ private Q_SLOTS:
     void classes();
     void picture_data() { addEngineRows(); }
     void picture();
+    void secrets_data() { addEngineRows(); }
+    void secrets();
+    void documentsAdd_data() { addEngineRows(); }
+    void documentsAdd();
     void import_data() { addEngineRows(); }
     void import();
     void settings_data() { addEngineRows(); }
@@ -195,6 +203,57 @@ void TestGoodsForms::picture() {
     QVERIFY(!goodsPicture(home, code).isEmpty());
     press(Qt::Key_Delete);
     QVERIFY(goodsPicture(home, code).isEmpty());
+}
+
+/// Who may not see costs sees them in no column, no field and no export.
+void TestGoodsForms::secrets() {
+    Stage stage;
+    stage.shop.addGoods(QStringLiteral("02000001"));
+    stage.shop.session.rights.showCostPrice = false;
+    auto *form = stage.open<TF_Spxxgl>(QStringLiteral("TF_Spxxgl"));
+    for (const ColumnSpec &column : form->grid().model().columns())
+        QVERIFY(column.secrecy != Secrecy::cost);
+    press(Qt::Key_F4);
+    auto *editor = qobject_cast<TF_Spxxgl_Add *>(form->editor());
+    QVERIFY(editor != nullptr && editor->input(u"g_jj") == nullptr && editor->input(u"g_lsj") != nullptr);
+    QCOMPARE(editor->table(u"jxc_goodsdw")->rows().columnOf(u"g_jj"), -1);
+    // A unit that the shop lacks is added where it is typed.
+    editor->input(u"dw_name")->focusTarget()->setFocus();
+    type(QStringLiteral("桶"));
+    press(Qt::Key_Return);
+    QCOMPARE(stage.shop.user.takeAsked(), QStringList(QStringLiteral("单位“桶”不存在，现在增加吗？")));
+    press(Qt::Key_F5);
+    QCOMPARE(stage.shop.texts(QStringLiteral("select dw_name from jxc_goods where g_sn='02000001'")),
+             QStringList(QStringLiteral("桶")));
+}
+
+/// While a receipt is typed, a new supplier and a new goods are added without leaving it.
+void TestGoodsForms::documentsAdd() {
+    Stage stage;
+    auto *list = stage.open<DocumentList>(QStringLiteral("TF_Cgjh"));
+    press(Qt::Key_Insert);
+    QVERIFY(list->editor() != nullptr);
+    auto *partner = qobject_cast<PickField *>(
+        list->editor()->findChild<HeaderPanel *>()->widget(HeaderField::partner));
+    partner->setFocus();
+    whenOpen<RecordEditor>([](RecordEditor *editor) {
+        retype(editor->input(u"ghs_name")->line(), QStringLiteral("云岭农资"));
+        press(Qt::Key_F5);
+    });
+    press(Qt::Key_Insert, Qt::ControlModifier);
+    QCOMPARE(partner->name(), QStringLiteral("云岭农资"));
+    auto *lines = list->editor()->findChild<LineTable *>();
+    lines->startNextLine();
+    whenOpen<TF_Spxxgl_Add>([](TF_Spxxgl_Add *editor) {
+        retype(editor->input(u"g_name")->line(), QStringLiteral("青山甲"));
+        editor->input(u"dw_name")->focusTarget()->setFocus();
+        type(QStringLiteral("瓶"));
+        press(Qt::Key_F5);
+    });
+    press(Qt::Key_Insert, Qt::ControlModifier);
+    QCOMPARE(stage.takeTold(), QString());
+    QCOMPARE(lines->lines().at(0).info.name, QStringLiteral("青山甲"));
+    list->editor()->close();
 }
 
 void TestGoodsForms::import() {
