@@ -66,7 +66,7 @@ void DocumentList::build() {
     m_tabs->addTab(QStringLiteral("待审核"));
     m_tabs->addTab(QStringLiteral("已审核"));
     m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、备注"));
-    m_search->setMinimumWidth(140);
+    m_search->setMinimumWidth(152);
     m_search->setMaximumWidth(320);
     m_search->setClearButtonEnabled(true);
     m_search->setMaxLength(100);
@@ -75,7 +75,7 @@ void DocumentList::build() {
           std::pair(m_goods, QStringLiteral("商品"))}) {
         field->setPlaceholderText(hint);
         field->setClearable(true);
-        field->setFixedWidth(96);
+        field->setFixedWidth(88);
         connect(field, &PickField::chosen, this, &DocumentList::refresh);
         connect(field, &PickField::cleared, this, &DocumentList::refresh);
     }

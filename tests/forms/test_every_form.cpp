@@ -284,7 +284,7 @@ void TestEveryForm::hidesCostsAndPrices() {
             for (int i = 0; i < view->model()->columnCount(); ++i) {
                 const QString caption =
                     view->model()->headerData(i, Qt::Horizontal, Qt::DisplayRole).toString();
-                for (const auto *word : {u"成本", u"毛利", u"利润", u"零售价"})
+                for (const auto *word : {u"成本", u"毛利", u"零售价"})
                     if (caption.contains(QString::fromUtf16(word)))
                         secret << view->objectName() + u' ' + caption;
             }

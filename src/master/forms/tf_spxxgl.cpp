@@ -11,7 +11,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int treeWidth = 208;
+constexpr int treeWidth = 224;
 
 } // namespace
 
@@ -30,7 +30,8 @@ TF_Spxxgl::TF_Spxxgl(const FormContext &context, QWidget *parent)
     m_restricted = addSwitch(u"chkRestricted", QStringLiteral("处方药(&C)"));
     addListActions();
     setSide(m_classes, treeWidth);
-    searchBox().setPlaceholderText(QStringLiteral("查找 F3：编号、名称、简码、条码、成分、厂商"));
+    searchBox().setPlaceholderText(QStringLiteral("查找 F3：名称、简码、条码、成分"));
+    searchBox().setToolTip(QStringLiteral("编号、名称、简码、条码、成分、厂商"));
     connect(m_classes, &ClassTree::chosen, this, &TF_Spxxgl::refresh);
 }
 
