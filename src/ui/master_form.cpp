@@ -28,6 +28,8 @@ int widthOf(const MasterKind &kind, const MasterColumn &column) {
         return 92;
     if (column.column == QLatin1String("dw_name"))
         return 64;
+    if (column.column == QLatin1String("g_sptm"))
+        return 136; // an EAN-13 in full
     return 0;
 }
 
