@@ -250,7 +250,8 @@ bool FieldInput::commit() {
 
 void FieldInput::setReadOnly(bool on) {
     m_readOnly = on;
-    if (auto *typed = qobject_cast<QLineEdit *>(m_target)) {
+    if (auto *typed = qobject_cast<QLineEdit *>(m_target);
+        typed != nullptr && !m_field.pick.several) {
         typed->setReadOnly(on);
         typed->setFocusPolicy(on ? Qt::ClickFocus : Qt::StrongFocus);
     } else {

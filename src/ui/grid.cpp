@@ -10,7 +10,6 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFileDialog>
 #include <QTimer>
 #include <algorithm>
 
@@ -250,23 +249,11 @@ void Grid::copySelection() const {
 }
 
 void Grid::exportTo(const QString &file) {
-    const QString failure = exportGrid(picture(), Formats(m_context.session.parameters), file);
-    m_context.prompter.inform(
-        failure.isEmpty()
-            ? QStringLiteral("导出完成！\r\n\r\n%1").arg(QDir::toNativeSeparators(file))
-            : failure,
-        informCaption);
+    exportAndTell(picture(), m_context, file);
 }
 
 void Grid::chooseExport() {
-    const QString proposed = QDir::home().filePath(
-        QStringLiteral("%1%2.xlsx")
-            .arg(m_title.isEmpty() ? m_name : m_title, m_context.session.today().remove(u'-')));
-    const QString file =
-        QFileDialog::getSaveFileName(this, QStringLiteral("导出"), proposed,
-                                     QStringLiteral("Excel 工作簿 (*.xlsx);;文本表格 (*.csv)"));
-    if (!file.isEmpty())
-        exportTo(file);
+    chooseExportFile(picture(), m_context, m_title.isEmpty() ? m_name : m_title, this);
 }
 
 void Grid::print() {

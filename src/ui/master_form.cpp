@@ -29,7 +29,7 @@ int widthOf(const MasterKind &kind, const MasterColumn &column) {
     if (column.column == QLatin1String("dw_name"))
         return 64;
     if (column.column == QLatin1String("g_sptm"))
-        return 136; // thirteen digits
+        return 136; // an EAN-13 in full
     return 0;
 }
 

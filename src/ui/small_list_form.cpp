@@ -8,8 +8,6 @@
 #include "ui/list_form.h"
 #include "ui/record_table.h"
 
-#include <QDir>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -284,22 +282,8 @@ void SmallListForm::btnFindClick() {
 }
 
 void SmallListForm::btnExportClick() {
-    if (!saveCurrent())
-        return;
-    const QString file = QFileDialog::getSaveFileName(
-        this, QStringLiteral("导出"),
-        QDir::home().filePath(windowTitle() + session().today().remove(u'-') +
-                              QStringLiteral(".xlsx")),
-        QStringLiteral("Excel 工作簿 (*.xlsx);;文本表格 (*.csv)"));
-    if (file.isEmpty())
-        return;
-    const QString failure =
-        exportGrid(m_table->picture(windowTitle()), Formats(session().parameters), file);
-    prompter().inform(
-        failure.isEmpty()
-            ? QStringLiteral("导出完成！\r\n\r\n%1").arg(QDir::toNativeSeparators(file))
-            : failure,
-        informCaption);
+    if (saveCurrent())
+        chooseExportFile(m_table->picture(windowTitle()), context(), windowTitle(), this);
 }
 
 } // namespace jxc

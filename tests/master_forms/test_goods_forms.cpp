@@ -316,8 +316,24 @@ void TestGoodsForms::settings() {
     QCOMPARE(stage.shop.session.company.name, QStringLiteral("青山农资"));
     QCOMPARE(stage.shop.session.parameters.amountDecimals, 3);
     QCOMPARE(stage.shop.lastLog(), QStringLiteral("修改系统设置：公司名称，金额小数位数"));
-    // Nothing changed: nothing asked.
+    // Once something was booked, other decimals re-cost it all: asked first, and No leaves all.
+    stage.shop.addGoods(QStringLiteral("10000001"));
+    DraftLine line;
+    line.goods = QStringLiteral("10000001");
+    line.quantity = Decimal(2);
+    line.price = Decimal(5);
+    stage.shop.post(QStringLiteral("CJ"), day(2), {line});
     stage.shop.user.takeAsked();
+    stage.shop.user.told.clear();
+    stage.shop.user.answers = {false, true};
+    for (const int decimals : {3, 2}) {
+        retype(form->tabs().input(u"cs_jews")->line(), QStringLiteral("2"));
+        press(Qt::Key_F5);
+        QCOMPARE(stage.shop.user.takeAsked(),
+                 QStringList(QStringLiteral("您的操作将修改小数位数，并重新计算所有商品的成本，确认吗？")));
+        QCOMPARE(stage.shop.session.parameters.amountDecimals, decimals);
+    }
+    // Nothing changed: nothing asked.
     press(Qt::Key_Escape);
     QCOMPARE(stage.shop.user.takeAsked(), QStringList());
 }

@@ -4,6 +4,7 @@
 #include "master/record_list.h"
 #include "master_forms/stage.h"
 #include "sheets/read.h"
+#include "ui/grid_msg.h"
 #include "ui/pick_field.h"
 #include "ui/record_editor.h"
 #include "ui/record_table.h"
@@ -76,6 +77,8 @@ private Q_SLOTS:
     void hostileText();
     void pickersAdd_data() { addEngineRows(); }
     void pickersAdd();
+    void severalPicks_data() { addEngineRows(); }
+    void severalPicks();
     void openingBalance_data() { addEngineRows(); }
     void openingBalance();
 };
@@ -191,6 +194,16 @@ void TestMasterForms::smallList() {
     form->close();
     QVERIFY(has(stage, kind, QStringLiteral("青山丙")));
     form = stage.open<SmallListForm>(kind.form);
+    // A default is ticked with Space, and takes the tick off the one before.
+    if (const int flag = rows.columnOf(kind.defaultColumn); flag >= 0) {
+        form->table().setCurrentIndex(rows.index(second - 1, flag));
+        press(Qt::Key_Space);
+        press(Qt::Key_Up);
+        QCOMPARE(stage.shop.texts(QStringLiteral("select %1 from %2 where %3<>0")
+                                      .arg(kind.nameColumn, kind.table, kind.defaultColumn)),
+                 QStringList(QStringLiteral("青山丙")));
+        QVERIFY(!rows.record(0).flag(kind.defaultColumn));
+    }
     form->table().setCurrentIndex(rows.index(second - 1, name));
     press(Qt::Key_Delete);
     QCOMPARE(count(stage, kind), before);
@@ -264,6 +277,26 @@ void TestMasterForms::pickersAdd() {
     QCOMPARE(supplier->pick()->name(), QStringLiteral("云岭农资"));
     QCOMPARE(stage.shop.texts(QStringLiteral("select ghs_name from jxc_ghsxx where ghs_sn=?"), {supplier->text()}),
              QStringList(QStringLiteral("云岭农资")));
+}
+
+/// Several operators of a warehouse: ticked in a list, never typed.
+void TestMasterForms::severalPicks() {
+    Stage stage;
+    auto *form = stage.open<MasterForm>(QStringLiteral("TF_Ckgl"));
+    RecordEditor *editor = beginNew(form, QStringLiteral("青山甲"));
+    FieldInput *operators = editor->input(u"ck_asn");
+    operators->focusTarget()->setFocus();
+    type(QStringLiteral("x"));
+    QCOMPARE(operators->text(), QString());
+    whenOpen<TF_GridMsg>([](TF_GridMsg *) {
+        press(Qt::Key_Space);
+        press(Qt::Key_Return);
+    });
+    press(Qt::Key_F2);
+    QCOMPARE(operators->text(), QStringLiteral("100001,"));
+    press(Qt::Key_F5);
+    QCOMPARE(stage.shop.texts(QStringLiteral("select ck_asn,ck_aname from jxc_ckxx where ck_name='青山甲'")),
+             QStringList(QStringLiteral("100001,|admin,")));
 }
 
 void TestMasterForms::openingBalance() {
