@@ -1,5 +1,6 @@
 #pragma once
 
+#include "master/goods_rules.h"
 #include "money/document_money.h"
 #include "stock/journal.h"
 
@@ -9,10 +10,6 @@
 namespace jxc {
 
 struct Document;
-
-/// The goods that stands for a whole-document discount on a line of its own; every stock routine
-/// leaves it out.
-inline const QString discountGoods = QStringLiteral("00000000");
 
 /// What a journal row of a document adds to the goods' own figures.
 struct GoodsEffect {

@@ -262,6 +262,10 @@ void TestGoodsForms::import() {
     wizard->openFile(writeCsv(stage, QStringLiteral("本店商品\n\n品名,单位,零售价,登记证号\n吡虫啉,袋,5.5,PD1\n"
                                                     "草甘膦,桶,abc,PD2\n,瓶,1,\n代森锰锌,桶,9,PD3\n")));
     QCOMPARE(wizard->step(), 1);
+    press(Qt::Key_F4); // back, and on again
+    QCOMPARE(wizard->step(), 0);
+    press(Qt::Key_F5);
+    QCOMPARE(wizard->step(), 1);
     QVERIFY(wizard->columnBox(QStringLiteral("g_name"))->currentText() == QStringLiteral("品名"));
     // The name must have a column; back at the mapping with the sheet's own header it has.
     wizard->columnBox(QStringLiteral("g_name"))->setCurrentIndex(0);
