@@ -167,7 +167,6 @@ void TestDocumentPrint::printerMovesThePaper() {
 
 void TestDocumentPrint::marksTheSecondPrint() {
     Shop shop;
-    GoodsFinder finder(shop.db);
     const QString number = sale(shop);
     QVERIFY(!DocumentForm(shop.session, m_home.path(), number).isAgain());
     const QString file = m_home.filePath(u"sale.pdf"_qs);
