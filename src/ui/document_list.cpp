@@ -80,6 +80,10 @@ void DocumentList::build() {
         connect(field, &PickField::cleared, this, &DocumentList::refresh);
     }
     m_grid->setTitle(m_spec.title());
+    m_grid->model().setTone([](const Row &row, const ColumnSpec &column) {
+        return column.field == u"rest" && row.decimal(u"rest").isPositive() ? Tone::danger
+                                                                            : Tone::plain;
+    });
     m_lines->setTitle(m_spec.title() + QStringLiteral("明细"));
     addActions();
 
