@@ -38,6 +38,7 @@ struct DocumentKind {
     QString partnerColumn;
     Partner::Kind partnerKind = Partner::Kind::supplier;
     QString quantityColumn, baseQuantityColumn;
+    QString memberColumn;        ///< of the header; empty for kinds that name no member
     bool headerHasGoods = false; ///< split and bundle: the header names a goods as well
 
     QString rightGroup;

@@ -9,12 +9,14 @@
 #include "stock/barrier.h"
 #include "stock/document.h"
 #include "stock/document_kind.h"
+#include "stock/document_members.h"
 #include "stock/journal_kinds.h"
 #include "stock/snapshot.h"
 #include "stock/stock_book.h"
 #include "stock/walk.h"
 
 #include <map>
+#include <stdexcept>
 
 namespace jxc {
 
@@ -119,6 +121,15 @@ void checkFollowers(Database &db, const Document &d) {
     }
 }
 
+/// Who posts the document's member; null for a document without one.
+const DocumentMembers *membersOf(const Session &session, const Document &d) {
+    if (d.kind.memberColumn.isEmpty() || d.header.text(d.kind.memberColumn).isEmpty())
+        return nullptr;
+    if (session.members == nullptr)
+        throw std::logic_error("the session was not told who keeps the members");
+    return session.members;
+}
+
 } // namespace
 
 void postDocument(Session &session, const Parameters &parameters, const Document &d) {
@@ -138,6 +149,8 @@ void postDocument(Session &session, const Parameters &parameters, const Document
     setApproved(session, d);
     if (kind.afterApproval != nullptr)
         kind.afterApproval(db, d);
+    if (const DocumentMembers *members = membersOf(session, d))
+        members->approved(session, d);
     writeLog(session, QStringLiteral("%1，共%2种商品").arg(kind.approveLog).arg(d.goodsLines()));
     updateKcjs(db, monthOf(d.date));
 }
@@ -154,6 +167,8 @@ void approveInTransaction(Session &session, Answers &answers, const QString &num
     checkPdBeforeChk(db, d);
     if (kind.check != nullptr)
         kind.check(session, d);
+    if (const DocumentMembers *members = membersOf(session, d))
+        members->check(session, d);
     checkTkcEnough(db, parameters, answers, kind, number, d.warehouse);
 
     postDocument(session, parameters, d);
@@ -177,6 +192,8 @@ void cancelInTransaction(Session &session, Answers &answers, const QString &numb
     applyMovements(session, parameters, d, rows, -1);
     if (kind.moveAgainstSource != nullptr)
         kind.moveAgainstSource(session, d, -1);
+    if (const DocumentMembers *members = membersOf(session, d))
+        members->cancelling(session, d);
     if (kind.markCancelled != nullptr)
         kind.markCancelled(db, number);
     setDraft(session, d);
