@@ -44,18 +44,6 @@ void moveDocumentTenders(Session &session, const Document &d) {
                 t);
 }
 
-/// The posting of a return does not touch the card: what is paid back onto it comes from here.
-void payBackOntoCard(Database &db, const QString &receipt, const QString &key) {
-    const auto row =
-        db.row(QStringLiteral("select pos_czk from jxc_posxsd where gl_djh=? order by id limit 1"),
-               {receipt});
-    if (!row || row->decimal(u"pos_czk").isZero())
-        return;
-    Member member = loadMember(db, key);
-    member.value -= row->decimal(u"pos_czk"); // negative there
-    storeMemberFigures(db, member);
-}
-
 class DocumentPosting : public DocumentMembers {
 public:
     void check(const Session &session, const Document &d) const override {

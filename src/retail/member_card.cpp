@@ -5,8 +5,6 @@
 #include "core/session.h"
 #include "db/database.h"
 
-#include <algorithm>
-
 namespace jxc {
 
 namespace {
@@ -22,11 +20,6 @@ Outcome changeMember(Session &session, Prompter &prompter, const QString &key, c
     });
 }
 
-bool isCardNumber(const QString &text) {
-    return text.size() == 6 &&
-           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
-
 } // namespace
 
 void memberUsable(const Session &session, const Member &member) {
@@ -39,18 +32,6 @@ void memberUsable(const Session &session, const Member &member) {
 void checkMemberPassword(const Member &member, const QString &typed) {
     if (!member.password.isEmpty() && member.password != typed)
         throw Refusal(QStringLiteral("会员密码不正确！"));
-}
-
-QString NextMemberNumber(Database &db) {
-    // From the largest down, so that the first of six digits is the one.
-    int largest = 0;
-    for (const Row &row : db.rows(QStringLiteral("select hy_bh from jxc_hyxx where "
-                                                 "length(hy_bh)=6 order by hy_bh desc")))
-        if (const QString number = row.text(size_t{0}); isCardNumber(number)) {
-            largest = number.toInt();
-            break;
-        }
-    return largest == 0 ? QStringLiteral("100001") : QString::number(largest + 1);
 }
 
 Outcome setMemberPassword(Session &session, Prompter &prompter, const QString &member,

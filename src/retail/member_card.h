@@ -14,9 +14,6 @@ void memberUsable(const Session &session, const Member &member);
 /// Throws Refusal.
 void checkMemberPassword(const Member &member, const QString &typed);
 
-/// The next number of a card: six digits from "100001"; numbers of any other form do not count.
-[[nodiscard]] QString NextMemberNumber(Database &db);
-
 // What is done to a card from the list of members; members by their key. Each is one action and
 // logged.
 

@@ -207,6 +207,15 @@ void PostMemberSale(Session &session, const QString &receipt, const QString &mem
         sale.undo();
 }
 
+void payBackOntoCard(Database &db, const QString &receipt, const QString &key) {
+    const Decimal used = readReceipt(db, receipt).storedValue; // negative on a return
+    if (used.isZero())
+        return;
+    Member member = loadMember(db, key);
+    member.value -= used;
+    storeMemberFigures(db, member);
+}
+
 void UpdateMemberRemainder(const PointsSettings &settings, Member &member) {
     if (!settings.carriesRemainder || !settings.earnsPoints())
         return;

@@ -21,6 +21,10 @@ enum class MemberMode {
 void PostMemberSale(Session &session, const QString &receipt, const QString &member,
                     MemberMode mode);
 
+/// Adds what a posted return pays back onto its member's card: the posting does not touch the card,
+/// while its undoing takes that amount off again.
+void payBackOntoCard(Database &db, const QString &receipt, const QString &member);
+
 /// What the member's spending leaves below one point (hy_ye), in whole numbers; unchanged unless
 /// remainders are carried and points are earned.
 void UpdateMemberRemainder(const PointsSettings &settings, Member &member);

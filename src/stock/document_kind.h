@@ -33,8 +33,11 @@ struct Follower {
 struct DocumentKind {
     QString code, title;
     QString headerTable, lineTable, numberColumn, dateColumn;
-    QString prefix; ///< of the approval triple: "j" for j_status, j_checker, j_chkrq
+    /// Of the approval triple: "j" for j_status, j_checker, j_chkrq; empty for kinds that post as
+    /// soon as they are saved.
+    QString prefix;
     QString warehouseColumn, noteColumn;
+    QString clerkColumn = QStringLiteral("u_sn"); ///< empty for kinds that name no clerk
     QString partnerColumn;
     Partner::Kind partnerKind = Partner::Kind::supplier;
     QString quantityColumn, baseQuantityColumn;

@@ -132,6 +132,19 @@ const DocumentMembers *membersOf(const Session &session, const Document &d) {
 
 } // namespace
 
+void postMovements(Session &session, const Parameters &parameters, const Document &d,
+                   std::vector<JournalRow> rows) {
+    writeJournal(session, d, rows);
+    applyMovements(session, parameters, d, withoutDiscountLine(std::move(rows)), 1);
+}
+
+void takeBackMovements(Session &session, const Parameters &parameters, const Document &d) {
+    const std::vector<JournalRow> rows = readJournal(session.db(), d);
+    // The rows go first; the walk then finds the journal as it stays.
+    session.db().execute(QStringLiteral("delete from jxc_goodslist where gl_djh=?"), {d.number});
+    applyMovements(session, parameters, d, rows, -1);
+}
+
 void postDocument(Session &session, const Parameters &parameters, const Document &d) {
     Database &db = session.db();
     const DocumentKind &kind = d.kind;
@@ -139,11 +152,8 @@ void postDocument(Session &session, const Parameters &parameters, const Document
         postDocumentMoney(session, parameters, kind.payments(d));
     if (kind.markApproved != nullptr)
         kind.markApproved(db, d.number);
-    if (kind.movements != nullptr) {
-        std::vector<JournalRow> rows = kind.movements(d);
-        writeJournal(session, d, rows);
-        applyMovements(session, parameters, d, withoutDiscountLine(std::move(rows)), 1);
-    }
+    if (kind.movements != nullptr)
+        postMovements(session, parameters, d, kind.movements(d));
     if (kind.moveAgainstSource != nullptr)
         kind.moveAgainstSource(session, d, 1);
     setApproved(session, d);
@@ -186,10 +196,7 @@ void cancelInTransaction(Session &session, Answers &answers, const QString &numb
     confirmCancelling(answers, number);
 
     const Parameters parameters = Parameters::load(db);
-    const std::vector<JournalRow> rows = readJournal(db, d);
-    // The rows go first; the walk then finds the journal as it stays.
-    db.execute(QStringLiteral("delete from jxc_goodslist where gl_djh=?"), {number});
-    applyMovements(session, parameters, d, rows, -1);
+    takeBackMovements(session, parameters, d);
     if (kind.moveAgainstSource != nullptr)
         kind.moveAgainstSource(session, d, -1);
     if (const DocumentMembers *members = membersOf(session, d))
