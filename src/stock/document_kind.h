@@ -30,11 +30,15 @@ struct Follower {
 struct DocumentKind {
     QString code, title;
     QString headerTable, lineTable, numberColumn, dateColumn;
-    QString prefix; ///< of the approval triple: "j" for j_status, j_checker, j_chkrq
+    /// Of the approval triple: "j" for j_status, j_checker, j_chkrq; empty for kinds that post as
+    /// soon as they are saved.
+    QString prefix;
     QString warehouseColumn, noteColumn;
+    QString clerkColumn = QStringLiteral("u_sn"); ///< empty for kinds that name no clerk
     QString partnerColumn;
     Partner::Kind partnerKind = Partner::Kind::supplier;
     QString quantityColumn, baseQuantityColumn;
+    QString memberColumn;        ///< of the header; empty for kinds that name no member
     bool headerHasGoods = false; ///< split and bundle: the header names a goods as well
 
     QString rightGroup;
