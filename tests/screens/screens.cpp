@@ -10,9 +10,13 @@
 #include "core/clock.h"
 #include "core/session.h"
 #include "db/database.h"
+#include "money/forms/partner_accounts_form.h"
+#include "money/forms/settlement_editor.h"
+#include "money/forms/tf_xjyh.h"
 #include "services/opening.h"
 #include "stock/forms/stock_panel.h"
 #include "stock/forms/tf_kccx.h"
+#include "ui/approval_list.h"
 #include "ui/box_prompter.h"
 #include "ui/cost_story_window.h"
 #include "ui/document_editor.h"
@@ -87,10 +91,53 @@ public:
             printHelpPage(*findHelpPage(keySheetName), printer);
         }
         if (auto *stock = qobject_cast<TF_Kccx *>(form)) takeStock(*stock, name);
+        if (auto *list = qobject_cast<ApprovalList *>(form)) takeApprovals(*list, name);
+        if (auto *tabs = qobject_cast<LedgerTabs *>(form)) takeLedger(*tabs, name);
+        if (name == u"TF_Xjyh") takeCash(*qobject_cast<TF_Xjyh *>(form));
         form->done(0);
     }
 
 private:
+    /// What the form opened, a dialog over it; it goes again.
+    void takeDialog(Form &form, const QString &name) {
+        auto *dialog = qobject_cast<Form *>(QApplication::activeModalWidget());
+        if (dialog == nullptr || dialog == &form) return;
+        if (wants(name)) take(dialog, name);
+        dialog->done(0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void takeApprovals(ApprovalList &list, const QString &name) {
+        list.btnAddClick();
+        takeDialog(list, name + QStringLiteral("_Add"));
+        list.showApproved(true);
+        take(&list, name + QStringLiteral("_approved"));
+        list.btnModifyClick();
+        takeDialog(list, name + QStringLiteral("_Add_approved"));
+    }
+
+    /// Every table, then the one who owes most before he pays.
+    void takeLedger(LedgerTabs &tabs, const QString &name) {
+        for (int page = 1; page < tabs.pageCount(); ++page) {
+            tabs.showPage(page);
+            take(&tabs, name + QStringLiteral("_%1").arg(page + 1));
+        }
+        auto *accounts = qobject_cast<PartnerAccountsForm *>(&tabs);
+        if (accounts == nullptr) return;
+        accounts->showPage(PartnerAccountsForm::ageing);
+        accounts->btnSettleClick();
+        if (auto *editor = qobject_cast<SettlementEditor *>(QApplication::activeModalWidget())) {
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("300"));
+            editor->btnAutoClick();
+        }
+        takeDialog(tabs, name + QStringLiteral("_settle"));
+    }
+
+    void takeCash(TF_Xjyh &form) {
+        form.btnZzClick();
+        takeDialog(form, QStringLiteral("TF_Xjyh_Zz"));
+    }
+
     /// The other tab, and the windows that open from a goods: the one with the most movements.
     void takeStock(TF_Kccx &form, const QString &name) {
         const QString goods = form.db().scalar(

@@ -45,7 +45,7 @@ CashEditor::CashEditor(const FormContext &context, const QString &code, QWidget 
 void CashEditor::FormActivate() {
     EntryEditor::FormActivate();
     if (!isReadOnly())
-        (m_account->code().isEmpty() ? static_cast<QLineEdit *>(m_account) : m_amount)->setFocus();
+        beginAt(m_account->code().isEmpty() ? static_cast<QLineEdit *>(m_account) : m_amount);
 }
 
 void CashEditor::startNew() {

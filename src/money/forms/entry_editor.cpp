@@ -93,6 +93,11 @@ void EntryEditor::chooseClerk(PickField *clerk) const {
         clerk->setChoice(usual->number, usual->name);
 }
 
+void EntryEditor::beginAt(QLineEdit *field) {
+    field->setFocus();
+    field->selectAll();
+}
+
 QStringList EntryEditor::content() const {
     QStringList all;
     for (const auto &[caption, input] : m_inputs) {
@@ -116,8 +121,7 @@ bool EntryEditor::commitPicks() {
 void EntryEditor::focusRefused(const QString &text) {
     for (const auto &[caption, input] : m_inputs)
         if (text.startsWith(caption)) {
-            input->setFocus();
-            input->selectAll();
+            beginAt(input);
             return;
         }
 }

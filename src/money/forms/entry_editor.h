@@ -36,6 +36,8 @@ protected:
     void chooseClerk(PickField *clerk) const;
 
     void showNumber(const QString &number);
+    /// Where typing begins; what stands there gives way to it.
+    static void beginAt(QLineEdit *field);
 
     /// Stores what the fields hold and answers its number.
     virtual Outcome store(QString *number) = 0;

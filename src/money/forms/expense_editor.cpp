@@ -67,7 +67,7 @@ ExpenseEditor::ExpenseEditor(const FormContext &context, QWidget *parent)
 void ExpenseEditor::FormActivate() {
     EntryEditor::FormActivate();
     if (!isReadOnly())
-        m_type->setFocus();
+        beginAt(m_type);
 }
 
 void ExpenseEditor::startNew() {

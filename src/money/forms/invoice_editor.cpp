@@ -55,7 +55,7 @@ InvoiceEditor::InvoiceEditor(const FormContext &context, Partner::Kind kind, QWi
 void InvoiceEditor::FormActivate() {
     EntryEditor::FormActivate();
     if (!isReadOnly())
-        m_partner->setFocus();
+        beginAt(m_partner);
 }
 
 void InvoiceEditor::startNew() {

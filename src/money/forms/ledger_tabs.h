@@ -25,6 +25,7 @@ public:
     [[nodiscard]] Grid &currentGrid() const;
     [[nodiscard]] Grid &gridOf(int page) const;
     void showPage(int page);
+    [[nodiscard]] int pageCount() const { return static_cast<int>(m_tables.size()); }
     /// Narrows everything to one partner; all of them for an empty number.
     void choosePartner(const QString &partner);
 

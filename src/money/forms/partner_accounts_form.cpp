@@ -33,10 +33,10 @@ void PartnerAccountsForm::addPages() {
     const bool customer = kind() == Partner::Kind::customer;
     const char16_t *who = customer ? u"客户" : u"供货商";
     const auto money = [](const char16_t *field, const char16_t *caption) {
-        return summed(column(field, caption, ValueKind::amount, 112));
+        return summed(column(field, caption, ValueKind::amount, 104));
     };
     const ColumnSpec number = text(u"partner", customer ? u"客户编号" : u"供货商编号", 96);
-    const ColumnSpec name = text(u"partner_name", who, 200);
+    const ColumnSpec name = text(u"partner_name", who, 168);
     addPage(QStringLiteral("汇总"),
             {number, name, money(u"opening", u"期初余额"),
              money(u"due", customer ? u"本期应收" : u"本期应付"),
@@ -58,7 +58,7 @@ void PartnerAccountsForm::addPages() {
              column(u"rq", u"开单日期", ValueKind::date),
              column(u"days", u"天数", ValueKind::integer, 64), money(u"total", u"单据金额"),
              money(u"settled", u"已结金额"), money(u"open", u"未结金额"),
-             text(u"note", u"备注", 200)},
+             text(u"note", u"备注", 160)},
             [this] { return openDocumentRows(session(), query()); });
     addPage(QStringLiteral("账龄"),
             {number, name, money(u"age30", u"0–30天"), money(u"age60", u"31–60天"),

@@ -88,7 +88,7 @@ void SettlementEditor::FormActivate() {
     EntryEditor::FormActivate();
     if (isReadOnly())
         return;
-    (m_partner->code().isEmpty() ? static_cast<QWidget *>(m_partner) : m_amount)->setFocus();
+    beginAt(m_partner->code().isEmpty() ? static_cast<QLineEdit *>(m_partner) : m_amount);
 }
 
 void SettlementEditor::startNew() {

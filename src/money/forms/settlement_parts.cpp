@@ -22,7 +22,7 @@ SettlementParts::SettlementParts(const Formats &formats, QWidget *parent)
                                   QStringLiteral("日期"),     QStringLiteral("天数"),
                                   QStringLiteral("单据金额"), QStringLiteral("未结金额"),
                                   QStringLiteral("本次结算")};
-    const std::array<int, placeCount> widths = {132, 92, 92, 48, 92, 92, 96};
+    const std::array<int, placeCount> widths = {132, 96, 100, 48, 92, 92, 96};
     for (int place = 0; place < placeCount; ++place) {
         auto *caption = new QTableWidgetItem(captions[place]);
         caption->setTextAlignment((place >= days ? Qt::AlignRight : Qt::AlignLeft) |
@@ -147,6 +147,8 @@ void SettlementParts::keyPressEvent(QKeyEvent *event) {
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        if (state() == EditingState)
+            return; // the cell is closing, and goes down by itself
         if (row >= 0 && row + 1 < rowCount())
             setCurrentCell(row + 1, part);
         else

@@ -68,8 +68,13 @@ StatementForm::StatementForm(const FormContext &context, const QString &classNam
                     [this] { btnStatementClick(); });
     addPages();
     addCommonActions();
-    actionBar().addRight(m_warehouse);
-    actionBar().addRight(m_number);
+    auto *filters = new QWidget(this);
+    auto *line = new QHBoxLayout(filters);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(8);
+    line->addWidget(m_warehouse);
+    line->addWidget(m_number);
+    actionBar().addRight(filters);
     gridOf(documents).model().setTone([](const Row &row, const ColumnSpec &spec) {
         return spec.field == u"n_wfje" && !row.decimal(u"wfje").isZero() ? Tone::danger
                                                                          : Tone::plain;

@@ -24,20 +24,21 @@ TF_Xjyh::TF_Xjyh(const FormContext &context, QWidget *parent)
           context, QStringLiteral("TF_Xjyh_Account"),
           {text(u"yh_name", u"账户", 112), column(u"balance", u"余额", ValueKind::amount, 112)},
           this)) {
-    setColumns({column(u"xj_rq", u"日期", ValueKind::date), text(u"number", u"单据号", 128),
+    setColumns({column(u"xj_rq", u"日期", ValueKind::date), text(u"number", u"单据号", 124),
                 text(u"xj_dlx", u"单据类型", 88), text(u"xj_kmmc", u"科目名称", 96),
                 summed(column(u"income", u"收入", ValueKind::amount, 96)),
                 summed(column(u"expense", u"支出", ValueKind::amount, 96)),
                 column(u"xj_ljje", u"期末余额", ValueKind::amount, 104),
                 text(u"ghs_name", u"往来单位", 128), hidden(text(u"ck_name", u"仓库", 96)),
-                text(u"u_name", u"经手人", 72), text(u"xj_note", u"备注", 140),
-                text(u"a_name", u"操作员", 72), column(u"xj_chk", u"状态", ValueKind::status)},
+                text(u"u_name", u"经手人", 80), text(u"xj_note", u"备注", 120),
+                hidden(text(u"a_name", u"操作员", 72)),
+                column(u"xj_chk", u"状态", ValueKind::status)},
                QStringLiteral("id"));
     searchBox().setPlaceholderText(QStringLiteral("查找 F3：单号、往来单位、备注"));
     addEntryActions();
     addCommonActions();
     m_period = addPeriodBar(static_cast<int>(PeriodChoice::thisMonth));
-    setSide(m_accounts, 248);
+    setSide(m_accounts, 232);
     connect(m_accounts, &Grid::currentChanged, this, &TF_Xjyh::refresh);
     connect(&grid(), &Grid::activated, this, &TF_Xjyh::btnModiClick);
     grid().model().setTone([](const Row &row, const ColumnSpec &) {
@@ -120,16 +121,25 @@ Rows TF_Xjyh::read(const QString &search) {
     RowList list({u"id", u"xj_rq", u"number", u"xj_dlx", u"xj_kmmc", u"income", u"expense",
                   u"xj_ljje", u"ghs_name", u"ck_name", u"u_name", u"xj_note", u"a_name",
                   u"xj_chk"});
+    // Over all accounts the balance runs on from row to row; what is searched stands alone.
+    const bool runs = name.isEmpty() && search.isEmpty();
+    Decimal balance = cashBefore(session(), name, period.from);
     if (search.isEmpty())
         list.add({qint64(0), period.from, QString(), QStringLiteral("上期余额"), name, Cell(),
-                  Cell(), cashBefore(session(), name, period.from), QString(), QString(), QString(),
-                  QString(), QString(), QStringLiteral("1")});
-    for (const Row &row : listCash(session(), {name, period.from, period.to, search}))
+                  Cell(), balance, QString(), QString(), QString(), QString(), QString(),
+                  QStringLiteral("1")});
+    const auto unlessZero = [](Decimal amount) { return amount.isZero() ? Cell() : Cell(amount); };
+    for (const Row &row : listCash(session(), {name, period.from, period.to, search})) {
+        const bool counts = row.text(u"xj_chk") == u"1";
+        if (counts)
+            balance += row.decimal(u"xj_je");
+        const Decimal after = runs ? balance : row.decimal(u"xj_ljje");
         list.add({row.integer(u"id"), row.text(u"xj_rq"), row.text(u"number"), row.text(u"xj_dlx"),
-                  row.text(u"xj_kmmc"), row.decimal(u"income"), row.decimal(u"expense"),
-                  row.decimal(u"xj_ljje"), row.text(u"ghs_name"), row.text(u"ck_name"),
-                  row.text(u"u_name"), row.text(u"xj_note"), row.text(u"a_name"),
-                  row.text(u"xj_chk")});
+                  row.text(u"xj_kmmc"), unlessZero(row.decimal(u"income")),
+                  unlessZero(row.decimal(u"expense")), counts ? Cell(after) : Cell(),
+                  row.text(u"ghs_name"), row.text(u"ck_name"), row.text(u"u_name"),
+                  row.text(u"xj_note"), row.text(u"a_name"), row.text(u"xj_chk")});
+    }
     return list.take();
 }
 
