@@ -12,6 +12,19 @@
 #include "master/forms/tf_spxxgl.h"
 #include "master/forms/tf_spxxgl_add.h"
 #include "master/master_kind.h"
+#include "money/forms/tf_fpcg.h"
+#include "money/forms/tf_fpxs.h"
+#include "money/forms/tf_fyjsr.h"
+#include "money/forms/tf_wlzwghs.h"
+#include "money/forms/tf_wlzwkh.h"
+#include "money/forms/tf_xjyh.h"
+#include "money/forms/tf_yfkdj.h"
+#include "money/forms/tf_yfkfk.h"
+#include "money/forms/tf_yfkgl.h"
+#include "money/forms/tf_yhzh.h"
+#include "money/forms/tf_yskdj.h"
+#include "money/forms/tf_yskgl.h"
+#include "money/forms/tf_ysksk.h"
 #include "services/forms/tf_backup.h"
 #include "services/forms/tf_backup2.h"
 #include "services/forms/tf_import.h"
@@ -72,6 +85,19 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Jthcx>(QStringLiteral("TF_Jthcx"));
     registry.add<TF_Xsdjcx>(QStringLiteral("TF_Xsdjcx"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));
+    registry.add<TF_Yskdj>(QStringLiteral("TF_Yskdj"));
+    registry.add<TF_Ysksk>(QStringLiteral("TF_Ysksk"));
+    registry.add<TF_Yskgl>(QStringLiteral("TF_Yskgl"));
+    registry.add<TF_Yfkdj>(QStringLiteral("TF_Yfkdj"));
+    registry.add<TF_Yfkfk>(QStringLiteral("TF_Yfkfk"));
+    registry.add<TF_Yfkgl>(QStringLiteral("TF_Yfkgl"));
+    registry.add<TF_Fpcg>(QStringLiteral("TF_Fpcg"));
+    registry.add<TF_Fpxs>(QStringLiteral("TF_Fpxs"));
+    registry.add<TF_Fyjsr>(QStringLiteral("TF_Fyjsr"));
+    registry.add<TF_Xjyh>(QStringLiteral("TF_Xjyh"));
+    registry.add<TF_Yhzh>(QStringLiteral("TF_Yhzh"));
+    registry.add<TF_WlzwGhs>(QStringLiteral("TF_WlzwGhs"));
+    registry.add<TF_WlzwKh>(QStringLiteral("TF_WlzwKh"));
     registry.add<TF_Admin>(QStringLiteral("TF_Admin"));
     registry.add<TF_Role>(QStringLiteral("TF_Role"));
     registry.add<TF_PwdModi>(QStringLiteral("TF_PwdModi"));

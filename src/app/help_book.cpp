@@ -42,6 +42,7 @@ HelpPage readPage(const QString &path) {
 qsizetype chapterPlace(const QString &chapter) {
     static const QStringList order = {QStringLiteral("入门"), QStringLiteral("采购"),
                                       QStringLiteral("销售"), QStringLiteral("库存"),
+                                      QStringLiteral("往来"), QStringLiteral("资金"),
                                       QStringLiteral("系统")};
     const qsizetype place = order.indexOf(chapter);
     return place < 0 ? order.size() : place;

@@ -7,38 +7,18 @@
 #include "core/session.h"
 #include "db/database.h"
 #include "money/cash_journal.h"
-#include "money/partner_ledger.h"
+#include "money/open_items.h"
+#include "money/settlement_kind.h"
 
 #include <array>
+#include <map>
 
 namespace jxc {
 
 namespace {
 
-struct SettlementKind {
-    QStringView code, title, logOpening;
-    Partner::Kind partner;
-    int approveRight; ///< of group wlzk
-    int cashSign;     ///< 0: no cash moves
-    QStringView amountColumn;
-};
-
-constexpr std::array<SettlementKind, 4> kinds = {{
-    {u"SK", u"收款单", u"审核收款，客户：", Partner::Kind::customer, 8, 1, u"k_sfje"},
-    {u"FK", u"付款单", u"审核付款，供货商：", Partner::Kind::supplier, 10, -1, u"k_sfje"},
-    {u"YS", u"应收登记", u"审核应收登记，客户：", Partner::Kind::customer, 7, 0, u"k_yfje"},
-    {u"YF", u"应付登记", u"审核应付登记，供货商：", Partner::Kind::supplier, 9, 0, u"k_yfje"},
-}};
-
-const SettlementKind *findKind(QStringView number) {
-    for (const SettlementKind &kind : kinds)
-        if (number.left(2) == kind.code)
-            return &kind;
-    return nullptr;
-}
-
 const SettlementKind &kindOf(const QString &number) {
-    const SettlementKind *kind = findKind(number);
+    const SettlementKind *kind = findSettlementKind(number);
     if (kind == nullptr)
         throw unknownDocument(number);
     return *kind;
@@ -129,11 +109,31 @@ void settleDocuments(Database &db, const QString &number, bool approving) {
                                     {document});
             if (!row)
                 continue;
+            // A return is lowered with whatever sign the part was stored.
             const Decimal amount = part.decimal(u"fk_je").abs();
             db.execute(QStringLiteral("update %1 set %2=? where %3=?")
                            .arg(target.table, target.column, target.numberColumn),
                        {row->decimal(size_t{0}) + (approving ? amount : -amount), document});
         }
+    }
+}
+
+/// What the document puts on others must still be open there.
+void checkParts(Session &session, const Partner &partner, const QString &number) {
+    const Rows parts = session.db().rows(
+        QStringLiteral("select gl_djh,fk_je from jxc_fkmx where fk_sn=? order by id"), {number});
+    if (parts.empty())
+        return;
+    std::map<QString, Decimal> open;
+    for (const OpenItem &item : openItems(session, partner.kind, partner.number))
+        open[item.number] += item.open;
+    for (const Row &part : parts) {
+        const QString document = part.text(u"gl_djh");
+        Decimal amount = part.decimal(u"fk_je");
+        if (document.startsWith(QLatin1String("CT")) || document.startsWith(QLatin1String("XT")))
+            amount = -amount.abs();
+        if (!takeFrom(open[document], amount))
+            throw Refusal(QStringLiteral("单据“%1”的未结金额已变化，请重新分配！").arg(document));
     }
 }
 
@@ -148,6 +148,7 @@ void approve(Session &session, const SettlementKind &kind, const QString &number
     const auto name = partnerName(db, partner);
     if (!name)
         throw Refusal(QStringLiteral("单据的往来单位“%1”不存在，不能审核！").arg(partner.number));
+    checkParts(session, partner, number);
 
     addPartnerEntry(db, ledgerEntry(kind, number, d));
     db.updateRows(QStringLiteral("jxc_ysyfk_dj"),
@@ -166,10 +167,13 @@ void cancel(Session &session, Answers &answers, const SettlementKind &kind, cons
     const Row d = load(db, number);
     if (!d.flag(u"k_check"))
         throw notApproved(number);
-    checkMayCancel(session, number, d.text(u"k_checker"), false); // no group has such a right
+    checkMayCancel(session, number, d.text(u"k_checker"),
+                   hasRight(session, u"wlzk", kind.approveRight));
     confirmCancelling(answers, number);
 
     settleDocuments(db, number, false);
+    // What others had put on this document becomes an advance of theirs.
+    db.execute(QStringLiteral("delete from jxc_fkmx where gl_djh=?"), {number});
     removeCashEntries(db, number, {});
     removePartnerEntries(db, number);
     db.updateRows(QStringLiteral("jxc_ysyfk_dj"),
@@ -183,15 +187,15 @@ void cancel(Session &session, Answers &answers, const SettlementKind &kind, cons
 } // namespace
 
 bool isSettlementNumber(QStringView number) {
-    return findKind(number) != nullptr;
+    return findSettlementKind(number) != nullptr;
 }
 
 void ApproveReceipt(Session &session, const QString &number) {
-    approve(session, kinds[0], number);
+    approve(session, settlementKinds()[0], number);
 }
 
 void ApprovePayment(Session &session, const QString &number) {
-    approve(session, kinds[1], number);
+    approve(session, settlementKinds()[1], number);
 }
 
 Outcome approveSettlement(Session &session, Prompter &prompter, const QString &number) {

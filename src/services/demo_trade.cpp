@@ -231,6 +231,7 @@ private:
         SettlementDraft d{code, toDateText(m_day), partner, administratorNo, owed};
         if (chance(40))
             d.amount = (owed * Decimal::fromMicros(500'000)).rounded(2);
+        d.parts = spreadOldestFirst(openItems(m_session, kind, partner), d.amount);
         QString number;
         demand(saveSettlement(m_session, m_prompter, d, &number), code);
         demand(approveSettlement(m_session, m_prompter, number), number);

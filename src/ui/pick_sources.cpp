@@ -4,11 +4,13 @@
 #include "db/database.h"
 #include "master/finders.h"
 #include "master/goods_search.h"
+#include "money/accounts.h"
 #include "ui/master_picks.h"
 #include "ui/row_list.h"
 
 #include <QLineEdit>
 #include <QMenu>
+#include <map>
 
 namespace jxc {
 
@@ -94,10 +96,23 @@ PickSource employeeSource(const FormContext &context, EmployeeDuty duty, const Q
 }
 
 PickSource accountSource(const FormContext &context) {
-    return foundSource(
+    PickSource source = foundSource(
         context, Sought::account,
         {text(u"name", u"账户", 140), column(u"balance", u"余额", ValueKind::amount)},
         QStringLiteral("jxc_yhzh"), QStringLiteral("yh_name"), QStringLiteral("yh_name"));
+    // The journal and the documents keep an account's name.
+    source.codeField = nameField;
+    Session &session = context.session;
+    source.search = [&session](const QString &typed) {
+        std::map<QString, Decimal> held;
+        for (const Row &row : listAccounts(session))
+            held[row.text(u"yh_name")] = row.decimal(u"balance");
+        RowList list({u"name", u"balance"});
+        for (const Found &f : findNamed(session, Sought::account, typed))
+            list.add({f.name, held[f.name]});
+        return list.take();
+    };
+    return source;
 }
 
 PickSource goodsSource(const FormContext &context, bool forSale,

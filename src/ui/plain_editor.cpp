@@ -19,23 +19,31 @@ PlainEditor::PlainEditor(const FormContext &context, const QString &className, c
     m_cancel->setObjectName(QStringLiteral("btnCancel"));
     connect(m_ok, &QPushButton::clicked, this, &PlainEditor::accept);
     connect(m_cancel, &QPushButton::clicked, this, &PlainEditor::reject);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_ok);
-    buttons->addWidget(m_cancel);
+    m_buttons = new QHBoxLayout;
+    m_buttons->addStretch();
+    m_buttons->addWidget(m_ok);
+    m_buttons->addWidget(m_cancel);
     m_fields->setVerticalSpacing(12);
     m_fields->setHorizontalSpacing(12);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
     column->setSpacing(16);
-    column->addLayout(m_fields);
-    column->addLayout(buttons);
+    m_top = new QHBoxLayout;
+    m_top->setSpacing(16);
+    m_top->addLayout(m_fields);
+    column->addLayout(m_top, 1);
+    column->addLayout(m_buttons);
     setMinimumWidth(400);
 }
 
 void PlainEditor::addBelowFields(QWidget *widget) {
     m_below = widget;
     static_cast<QVBoxLayout *>(layout())->insertWidget(1, widget, 1);
+}
+
+void PlainEditor::addBesideFields(QWidget *widget) {
+    m_beside = widget;
+    m_top->addWidget(widget, 1);
 }
 
 /// The buttons were there before the fields; Enter and Tab reach them last all the same.
@@ -47,9 +55,52 @@ QList<QWidget *> PlainEditor::inOrder() const {
         if (field != nullptr && field->focusPolicy() != Qt::NoFocus)
             order << field;
     }
-    if (m_below != nullptr)
-        order << m_below;
-    return order << m_ok << m_cancel;
+    for (QWidget *more : {m_beside, m_below})
+        if (more != nullptr)
+            order << more;
+    for (const auto &[key, button] : m_own)
+        order << button;
+    order << m_ok;
+    if (m_more != nullptr)
+        order << m_more;
+    return order << m_cancel;
+}
+
+void PlainEditor::allowContinuing() {
+    m_more = new QPushButton(QStringLiteral("确定并继续 (F6)"));
+    m_more->setObjectName(QStringLiteral("btnOKContinue"));
+    m_buttons->insertWidget(m_buttons->indexOf(m_cancel), m_more);
+    connect(m_more, &QPushButton::clicked, this, &PlainEditor::saveAndContinue);
+}
+
+void PlainEditor::addButton(const QString &name, const QString &caption, Qt::Key key,
+                            const std::function<void()> &run) {
+    auto *button = new QPushButton(QStringLiteral("%1 (%2)").arg(
+        caption, QKeySequence(key).toString(QKeySequence::PortableText)));
+    button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, run);
+    m_buttons->insertWidget(m_buttons->indexOf(m_ok), button);
+    m_own.append({key, button});
+}
+
+void PlainEditor::setReadOnly() {
+    m_readOnly = true;
+    for (int row = 0; row < m_fields->rowCount(); ++row)
+        if (const QLayoutItem *item = m_fields->itemAt(row, QFormLayout::FieldRole);
+            item != nullptr && item->widget() != nullptr)
+            item->widget()->setEnabled(false);
+    m_ok->hide();
+    if (m_more != nullptr)
+        m_more->hide();
+    for (const auto &[key, button] : m_own)
+        button->hide();
+}
+
+void PlainEditor::saveAndContinue() {
+    if (m_readOnly || m_more == nullptr || !save())
+        return;
+    startAnew();
+    FormActivate();
 }
 
 void PlainEditor::FormActivate() {
@@ -57,16 +108,20 @@ void PlainEditor::FormActivate() {
     const QList<QWidget *> order = inOrder();
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
-    order.first()->setFocus();
+    for (QWidget *field : order)
+        if (field->isEnabled() && !field->isHidden()) {
+            field->setFocus();
+            break;
+        }
 }
 
 bool PlainEditor::mayLeave() {
-    return content() == m_shown ||
+    return m_readOnly || content() == m_shown ||
            prompter().confirm(QStringLiteral("内容已修改，确认放弃吗？"), confirmCaption);
 }
 
 void PlainEditor::accept() {
-    if (!save())
+    if (m_readOnly || !save())
         return;
     m_shown = content();
     Form::accept();
@@ -74,7 +129,14 @@ void PlainEditor::accept() {
 
 void PlainEditor::keyPressEvent(QKeyEvent *event) {
     const int key = event->key();
-    if (key == Qt::Key_F5)
+    for (const auto &[own, button] : m_own)
+        if (key == own && !button->isHidden()) {
+            button->click();
+            return;
+        }
+    if (key == Qt::Key_F6 && m_more != nullptr)
+        saveAndContinue();
+    else if (key == Qt::Key_F5)
         accept();
     else if (key == Qt::Key_Return || key == Qt::Key_Enter)
         focusNextChild();

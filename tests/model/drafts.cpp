@@ -314,8 +314,14 @@ QString Drafts::settlement(const QString &code) {
         return number;
     const QStringList codes = isCustomer ? QStringList{QStringLiteral("XS"), QStringLiteral("XT")}
                                          : QStringList{QStringLiteral("CJ"), QStringLiteral("CT")};
+    // Now and then one of somebody else, which is refused.
+    const auto isHis = [&](const QString &document) {
+        const DraftNames &names = draftNames(document);
+        return m_books.table(names.header).first(names.number, document)->text(names.partner) ==
+               partner;
+    };
     for (const KnownDocument &document : documents(codes))
-        if (document.approved && m_chance.percent(5))
+        if (document.approved && m_chance.percent(isHis(document.number) ? 20 : 1))
             insert(QStringLiteral("jxc_fkmx"),
                    {{QStringLiteral("fk_sn"), number},
                     {QStringLiteral("gl_djh"), document.number},

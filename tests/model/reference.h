@@ -89,6 +89,7 @@ private:
     void balanceAccount(const QString &account);
     void balancePartner(const QString &type, const QString &partner);
     void balanceInvoices(const QString &type, const QString &partner);
+    void checkParts(const Record &document);
     void settle(const QString &number, int direction);
 
     std::map<QString, MemoryTable> m_tables;

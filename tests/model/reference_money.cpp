@@ -210,11 +210,30 @@ void ReferenceBooks::settle(const QString &number, int direction) {
     }
 }
 
+/// What a receipt or payment puts on documents must be open there, of the same partner.
+void ReferenceBooks::checkParts(const Record &document) {
+    for (const Record *part :
+         table(QStringLiteral("jxc_fkmx")).where(u"fk_sn", document.text(u"gl_djh"))) {
+        const QString number = part->text(u"gl_djh");
+        const Names &names = *namesOf(number);
+        const Record &header = *table(names.header).first(names.number, number);
+        Decimal open = header.number(names.ofHeader(u"_yfje")) -
+                       header.number(names.ofHeader(u"_sfje")) -
+                       header.number(names.ofHeader(u"_hkje"));
+        if (!names.isReturn())
+            open -= header.number(names.ofHeader(u"_yhje"));
+        if (header.text(names.partner) != document.text(u"k_ghskh") ||
+            header.number(names.ofHeader(u"_status")) == 0 || part->number(u"fk_je") > open)
+            throw Refused{QStringLiteral("单据“%1”的未结金额已变化，请重新分配！").arg(number)};
+    }
+}
+
 Verdict ReferenceBooks::approveSettlement(const QString &number) {
     return run([&](QStringList &) {
         Record &document = *table(QStringLiteral("jxc_ysyfk_dj")).first(u"gl_djh", number);
         if (document.number(u"k_check") != 0)
             throw Refused{QStringLiteral("单据已被其他操作员修改或审核，请刷新后重试！")};
+        checkParts(document);
         Cells row;
         for (const char16_t *column :
              {u"gl_djh", u"gl_djh2", u"k_type", u"k_ghskh", u"k_rq", u"k_fkfs", u"k_qcje",

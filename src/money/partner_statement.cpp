@@ -1,0 +1,215 @@
+#include "money/partner_statement.h"
+
+#include "core/session.h"
+#include "core/visible_warehouses.h"
+#include "db/computed_rows.h"
+#include "db/database.h"
+#include "money/list_conditions.h"
+
+namespace jxc {
+
+namespace {
+
+/// The documents of one side: those that make a debt and, `ret`, those that lower it.
+struct Side {
+    QString prefix; ///< of the partner's columns
+    QString debt, debtNumber, debtDate, debtPrefix, debtKind, debtLines, debtQuantity;
+    QString ret, returnDate, returnKind;
+    QString flags; ///< kinds of the journal
+};
+
+const Side &sideOf(Partner::Kind kind) {
+    const auto t = [](const char16_t *text) { return QString::fromUtf16(text); };
+    static const Side customers{t(u"kh"),         t(u"jxc_lsxsd"),    t(u"gl_djh"),
+                                t(u"ls_xsrq"),    t(u"ls"),           t(u"商品销售付款"),
+                                t(u"jxc_lsxssp"), t(u"ls_sl"),        t(u"jxc_xsthd"),
+                                t(u"th_xsrq"),    t(u"销售退货支出"), t(u"'xs','xt'")};
+    static const Side suppliers{t(u"ghs"),     t(u"jxc_jhd"),  t(u"j_sn"),     t(u"j_jhrq"),
+                                t(u"j"),       t(u"进货支付"), t(u"jxc_jhsp"), t(u"jh_sl"),
+                                t(u"jxc_thd"), t(u"th_thrq"),  t(u"退货还款"), t(u"'cj','ct'")};
+    return kind == Partner::Kind::customer ? customers : suppliers;
+}
+
+/// A date may carry the time of the day.
+QString endOf(const QString &day) {
+    return day.isEmpty() ? day : day + QStringLiteral(" 23:59:59");
+}
+
+Where documentsOf(const Session &session, const StatementQuery &query, const Side &side,
+                  const QString &status, const QString &date, const QString &number) {
+    Where where;
+    where.add(status + QStringLiteral("=1"));
+    addPeriod(where, date, query.from, endOf(query.to));
+    where.addEqual(QStringLiteral("a.%1_sn").arg(side.prefix), query.partner);
+    where.addEqual(QStringLiteral("a.ck_sn"), query.warehouse);
+    addSearch(where, {number}, query.number);
+    addWarehouseRestriction(session, where, QStringLiteral("a.ck_sn"));
+    return where;
+}
+
+/// The partner by what is typed of him; `p` is his own table.
+void addPartnerSearch(Where &where, const Side &side, const QString &search) {
+    addSearch(where,
+              {QStringLiteral("p.%1_sn").arg(side.prefix),
+               QStringLiteral("p.%1_jm").arg(side.prefix),
+               QStringLiteral("p.%1_name").arg(side.prefix)},
+              search);
+}
+
+Where linesOf(const Session &session, const StatementQuery &query, const Side &side) {
+    Where where;
+    where.add(QStringLiteral("a.gl_flag in (%1)").arg(side.flags));
+    addPeriod(where, QStringLiteral("a.gl_kdrq"), query.from, endOf(query.to));
+    where.addEqual(QStringLiteral("a.ghs_sn"), query.partner);
+    where.addEqual(QStringLiteral("a.ck_sn"), query.warehouse);
+    addSearch(where, {QStringLiteral("a.gl_djh")}, query.number);
+    addPartnerSearch(where, side, query.search);
+    addWarehouseRestriction(session, where, QStringLiteral("a.ck_sn"));
+    return where;
+}
+
+QString joinPartner(const Side &side, const QString &column) {
+    return QStringLiteral(" left join jxc_%1xx p on p.%1_sn=%2 ").arg(side.prefix, column);
+}
+
+/// Sums of the journal's columns, named as they are.
+QString sums(const Session &session, const QStringList &columns) {
+    QStringList all;
+    for (const QString &column : columns)
+        all << QStringLiteral("%1 as %2")
+                   .arg(session.db().dialect().exactSum(QStringLiteral("a.") + column), column);
+    return all.join(u',');
+}
+
+} // namespace
+
+Rows statementDocuments(const Session &session, const StatementQuery &query) {
+    const Side &side = sideOf(query.kind);
+    const QString &k = side.debtPrefix;
+    const Where debts =
+        documentsOf(session, query, side, QStringLiteral("a.%1_status").arg(k),
+                    QStringLiteral("a.") + side.debtDate, QStringLiteral("a.") + side.debtNumber);
+    const Where returns =
+        documentsOf(session, query, side, QStringLiteral("a.th_status"),
+                    QStringLiteral("a.") + side.returnDate, QStringLiteral("a.gl_djh"));
+    const QString ofDebts =
+        QStringLiteral("select a.%1 as djh,a.%2_sn as partner,a.ck_sn,a.%3 as rq,a.%4_yfje as "
+                       "yfje,a.%4_sfje as sfje,a.%4_yhje as yhje,a.%4_hkje as hkje,'%5' as fktype,"
+                       "a.u_sn,a.%4_note as dnote,a.a_name,'1' as dsort,a.%4_checker as checker,"
+                       "a.%4_chkrq as chkrq,a.%4_yf as yf,a.%4_bzf as bzf,a.%4_yffs as yffs from "
+                       "%6 a where %7")
+            .arg(side.debtNumber, side.prefix, side.debtDate, k, side.debtKind, side.debt,
+                 debts.text());
+    const QString ofReturns =
+        QStringLiteral("select a.gl_djh,a.%1_sn,a.ck_sn,a.%2,a.th_yfje,a.th_sfje,0,a.th_hkje,'%3',"
+                       "a.u_sn,a.th_note,a.a_name,'2',a.th_checker,a.th_chkrq,0,0,'' from %4 a "
+                       "where %5")
+            .arg(side.prefix, side.returnDate, side.returnKind, side.ret, returns.text());
+    Values values = debts.values();
+    values.insert(values.end(), returns.values().begin(), returns.values().end());
+    Where partner;
+    addPartnerSearch(partner, side, query.search);
+    values.insert(values.end(), partner.values().begin(), partner.values().end());
+    const QString down = query.newestFirst ? QStringLiteral(" desc") : QString();
+    const Rows rows = session.db().rows(
+        QStringLiteral("select d.*,p.%1_name as partner_name,p.%1_jm as partner_jm,u.u_name,"
+                       "c.ck_name from (%2 union all %3) d")
+                .arg(side.prefix, ofDebts, ofReturns) +
+            joinPartner(side, QStringLiteral("d.partner")) +
+            QStringLiteral("left join jxc_user u on u.u_sn=d.u_sn left join jxc_ckxx c on "
+                           "c.ck_sn=d.ck_sn where %1 order by d.rq%2,d.dsort%2,d.djh%2")
+                .arg(partner.text(), down),
+        values);
+    if (rows.empty())
+        return {};
+    ComputedRows list(rows.front().columns().names(), {QStringLiteral("wfje")});
+    const Columns &columns = rows.front().columns();
+    const size_t due = columns.indexOf(u"yfje");
+    const size_t paid = columns.indexOf(u"sfje");
+    const size_t off = columns.indexOf(u"yhje");
+    const size_t later = columns.indexOf(u"hkje");
+    for (const Row &row : rows)
+        list.add(row,
+                 {row.decimal(due) - row.decimal(paid) - row.decimal(off) - row.decimal(later)});
+    return list.take();
+}
+
+Rows statementGoods(const Session &session, const StatementQuery &query) {
+    const Side &side = sideOf(query.kind);
+    const Where where = linesOf(session, query, side);
+    return session.db().rows(
+        QStringLiteral("select a.g_sn,min(a.g_name) as g_name,min(a.gg_name) as gg_name,"
+                       "min(a.dw_name) as dw_name,") +
+            sums(session, QStringLiteral("gl_sl gl_zje gl_je gl_taxje").split(u' ')) +
+            QStringLiteral(" from jxc_goodslist a") +
+            joinPartner(side, QStringLiteral("a.ghs_sn")) +
+            QStringLiteral("where %1 group by a.g_sn order by a.g_sn").arg(where.text()),
+        where.values());
+}
+
+Rows statementLines(const Session &session, const StatementQuery &query) {
+    const Side &side = sideOf(query.kind);
+    const Where where = linesOf(session, query, side);
+    const QString down = query.newestFirst ? QStringLiteral(" desc") : QString();
+    const Rows rows = session.db().rows(
+        QStringLiteral("select a.id,a.gl_kdrq,a.gl_djh,a.gl_flag,a.ghs_sn as partner,a.ghs_name as "
+                       "partner_name,a.ck_name,a.g_sn,a.g_name,a.gg_name,a.dw_name,a.gl_sl,a.gl_dj,"
+                       "a.gl_taxdj,a.gl_zje,a.gl_je,a.gl_taxje,a.gl_lr,a.t_ph,a.u_name,a.gl_bz "
+                       "from jxc_goodslist a") +
+            joinPartner(side, QStringLiteral("a.ghs_sn")) +
+            QStringLiteral("where %1 order by a.gl_kdrq%2,a.id%2").arg(where.text(), down),
+        where.values());
+    if (rows.empty())
+        return {};
+    ComputedRows list(rows.front().columns().names(), {QStringLiteral("lrl")});
+    for (const Row &row : rows) {
+        // A quotient by zero is zero here, as the rate of a line without amount is to be.
+        const Ratio rate = (row.decimal(u"gl_lr") * Decimal(100)) / row.decimal(u"gl_je");
+        list.add(row, {rate.rounded(2)});
+    }
+    return list.take();
+}
+
+Rows statementMonths(const Session &session, const StatementQuery &query) {
+    const Side &side = sideOf(query.kind);
+    const Where where = linesOf(session, query, side);
+    const QString month = QStringLiteral("substr(a.gl_kdrq,1,7)");
+    return session.db().rows(
+        QStringLiteral("select %1 as month,").arg(month) +
+            sums(session, QStringLiteral("gl_sl gl_zje gl_je gl_taxje gl_lr").split(u' ')) +
+            QStringLiteral(" from jxc_goodslist a") +
+            joinPartner(side, QStringLiteral("a.ghs_sn")) +
+            QStringLiteral("where %1 group by %2 order by %2").arg(where.text(), month),
+        where.values());
+}
+
+Rows statementFreight(const Session &session, const StatementQuery &query) {
+    const Side &side = sideOf(query.kind);
+    const QString &k = side.debtPrefix;
+    Where where =
+        documentsOf(session, query, side, QStringLiteral("a.%1_status").arg(k),
+                    QStringLiteral("a.") + side.debtDate, QStringLiteral("a.") + side.debtNumber);
+    where.add(QStringLiteral("(a.%1_yf>0 or a.%1_bzf>0)").arg(k));
+    addPartnerSearch(where, side, query.search);
+    const auto sum = [&](const QString &column) { return session.db().dialect().exactSum(column); };
+    QStringList amounts;
+    for (const char16_t *name : {u"yfje", u"sfje", u"yhje", u"yf", u"bzf"})
+        amounts << QStringLiteral("%1 as %2")
+                       .arg(sum(QStringLiteral("a.%1_%2").arg(k, QString::fromUtf16(name))),
+                            QString::fromUtf16(name));
+    const QString quantity =
+        QStringLiteral("(select %1 from %2 l where l.%3=a.%3 and l.g_sn<>'00000000')")
+            .arg(sum(QStringLiteral("l.") + side.debtQuantity), side.debtLines, side.debtNumber);
+    return session.db().rows(
+        QStringLiteral("select a.partner,min(a.partner_name) as partner_name,a.%1_yffs as yffs,"
+                       "count(*) as count,%2 as sl,%3 from (select a.*,a.%4_sn as partner,"
+                       "p.%4_name as partner_name,%5 as quantity from %6 a")
+                .arg(k, sum(QStringLiteral("a.quantity")), amounts.join(u','), side.prefix,
+                     quantity, side.debt) +
+            joinPartner(side, QStringLiteral("a.%1_sn").arg(side.prefix)) +
+            QStringLiteral("where %1) a group by a.partner,a.%2_yffs order by a.partner")
+                .arg(where.text(), k),
+        where.values());
+}
+
+} // namespace jxc
