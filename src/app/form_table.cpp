@@ -12,6 +12,9 @@
 #include "master/forms/tf_spxxgl.h"
 #include "master/forms/tf_spxxgl_add.h"
 #include "master/master_kind.h"
+#include "retail/forms/tf_sms.h"
+#include "retail/forms/tf_sms_cs.h"
+#include "retail/forms/tf_wxfk.h"
 #include "services/forms/tf_backup.h"
 #include "services/forms/tf_backup2.h"
 #include "services/forms/tf_import.h"
@@ -72,6 +75,9 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Jthcx>(QStringLiteral("TF_Jthcx"));
     registry.add<TF_Xsdjcx>(QStringLiteral("TF_Xsdjcx"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));
+    registry.add<TF_Sms>(QStringLiteral("TF_Sms"));
+    registry.add<TF_Sms_Cs>(QStringLiteral("TF_Sms_Cs"));
+    registry.add<TF_Wxfk>(QStringLiteral("TF_Wxfk"));
     registry.add<TF_Admin>(QStringLiteral("TF_Admin"));
     registry.add<TF_Role>(QStringLiteral("TF_Role"));
     registry.add<TF_PwdModi>(QStringLiteral("TF_PwdModi"));
