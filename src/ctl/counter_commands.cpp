@@ -1,6 +1,6 @@
 #include "ctl/commands.h"
 #include "retail/day_end.h"
-#include "retail/receipt_posting.h"
+#include "retail/member_receipt.h"
 
 namespace jxc::ctl {
 

@@ -1,14 +1,31 @@
 #pragma once
 
 #include "core/action.h"
+#include "retail/tender.h"
 
 namespace jxc {
 
 class Session;
 
-/// Posts on its member a receipt that another counter program wrote into the shared tables: a sale
-/// (XS) or, by its copy or its row among the returns, a return (XT). Refused for an unknown
-/// receipt, one without a member, and one that was posted before.
-Outcome postReceipt(Session &session, Prompter &prompter, const QString &number);
+/// A receipt that was paid and booked.
+struct PostedReceipt {
+    QString number;
+    TenderOutcome outcome;
+};
+
+/// The lines whose discount is below the lowest and that nobody with the right has allowed yet.
+[[nodiscard]] std::vector<size_t>
+linesToAllow(const Session &session, const CounterSettings &settings, const Receipt &receipt);
+
+/// Pays and books a receipt in one transaction: the approved sale under its number, the rows of the
+/// counter, stock and batches (those that expire first), cash and the other tenders, the member's
+/// purchase. Refused without the right to sell, without lines, and by checkTender(); asks what a
+/// sale asks.
+Outcome postReceipt(Session &session, Prompter &prompter, const Receipt &receipt,
+                    const Tender &tender, PostedReceipt *posted);
+
+/// The same inside a transaction that is open.
+[[nodiscard]] PostedReceipt postReceiptInTransaction(Session &session, Answers &answers,
+                                                     const Receipt &receipt, const Tender &tender);
 
 } // namespace jxc

@@ -6,7 +6,7 @@ namespace jxc {
 
 /// What was not paid in cash: each amount as it was tendered, negative when it is paid back.
 struct OtherTenders {
-    Decimal bankCard, storedValue, voucher, weChat, aliPay;
+    Decimal bankCard{}, storedValue{}, voucher{}, weChat{}, aliPay{};
 
     [[nodiscard]] Decimal sum() const { return bankCard + storedValue + voucher + weChat + aliPay; }
 };

@@ -166,9 +166,13 @@ void postDocument(Session &session, const Parameters &parameters, const Document
 }
 
 void approveInTransaction(Session &session, Answers &answers, const QString &number) {
+    checkApprovalRight(session, kindOf(number));
+    approveAtCounter(session, answers, number);
+}
+
+void approveAtCounter(Session &session, Answers &answers, const QString &number) {
     Database &db = session.db();
     const DocumentKind &kind = kindOf(number);
-    checkApprovalRight(session, kind);
     const Parameters parameters = Parameters::load(db);
     const Document d = loadDocument(db, kind, number);
     if (d.isApproved())

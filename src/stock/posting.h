@@ -23,6 +23,10 @@ Outcome cancelDocument(Session &session, Prompter &prompter, const QString &numb
 void approveInTransaction(Session &session, Answers &answers, const QString &number);
 void cancelInTransaction(Session &session, Answers &answers, const QString &number);
 
+/// The same for what the counter rings up: whoever may work there books it, without the approver's
+/// right.
+void approveAtCounter(Session &session, Answers &answers, const QString &number);
+
 /// Writes what approval writes, after everything was checked: nothing refuses any more, except
 /// a payment that its account cannot bear and figures out of range.
 void postDocument(Session &session, const Parameters &parameters, const Document &document);

@@ -9,7 +9,7 @@
 #include "retail/member_opening.h"
 #include "retail/member_shop.h"
 #include "retail/points_exchange.h"
-#include "retail/receipt_posting.h"
+#include "retail/member_receipt.h"
 #include "retail/till_cash.h"
 
 #include <QTest>
