@@ -107,11 +107,15 @@ bool SettlementEditor::open(const QString &number) {
     fill();
     if (m_draft.approved) {
         setReadOnly();
-        if (m_parts != nullptr)
-            m_parts->setEditTriggers(QAbstractItemView::NoEditTriggers);
         setWindowTitle(windowTitle() + QStringLiteral("（已审核）"));
     }
     return true;
+}
+
+void SettlementEditor::setReadOnly() {
+    EntryEditor::setReadOnly();
+    if (m_parts != nullptr)
+        m_parts->setReadOnly();
 }
 
 void SettlementEditor::fill() {

@@ -102,6 +102,11 @@ void SettlementParts::setParts(const std::vector<Allocation> &parts) {
     Q_EMIT partsChanged();
 }
 
+void SettlementParts::setReadOnly() {
+    m_readOnly = true;
+    setEditTriggers(NoEditTriggers);
+}
+
 std::vector<Allocation> SettlementParts::parts() const {
     std::vector<Allocation> all;
     for (size_t i = 0; i < m_items.size(); ++i)
@@ -133,14 +138,14 @@ void SettlementParts::keyPressEvent(QKeyEvent *event) {
     const int row = currentRow();
     switch (event->key()) {
     case Qt::Key_Space:
-        if (row >= 0) {
+        if (row >= 0 && !m_readOnly) {
             const bool isSet = !m_parts[static_cast<size_t>(row)].isZero();
             setPart(row, isSet ? Decimal() : m_items[static_cast<size_t>(row)].open);
             Q_EMIT partsChanged();
         }
         return;
     case Qt::Key_Delete:
-        if (row >= 0) {
+        if (row >= 0 && !m_readOnly) {
             setPart(row, {});
             Q_EMIT partsChanged();
         }

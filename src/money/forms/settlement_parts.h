@@ -20,6 +20,7 @@ public:
     [[nodiscard]] Decimal sum() const;
     void setParts(const std::vector<Allocation> &parts);
     [[nodiscard]] const std::vector<OpenItem> &items() const { return m_items; }
+    void setReadOnly();
 
 Q_SIGNALS:
     void partsChanged();
@@ -37,6 +38,7 @@ private:
     std::vector<OpenItem> m_items;
     std::vector<Decimal> m_parts; ///< beside the items
     bool m_filling = false;
+    bool m_readOnly = false;
 };
 
 } // namespace jxc
