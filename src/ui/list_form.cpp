@@ -68,9 +68,16 @@ void ActionBar::goToPlace() {
     m_atPlace = m_place >= 0;
 }
 
-void ActionBar::addRight(QWidget *widget) {
-    m_layout->addWidget(widget);
+void ActionBar::addRight(QWidget *widget, int stretch) {
+    m_layout->addWidget(widget, stretch);
     ++m_right;
+}
+
+void ActionBar::addSearch(QLineEdit *search) {
+    constexpr int leastWidth = 88, usualWidth = 240, aheadOfTheGap = 100;
+    search->setMinimumWidth(leastWidth);
+    search->setMaximumWidth(usualWidth);
+    addRight(search, aheadOfTheGap);
 }
 
 void tellNoRow(Prompter &prompter) {
@@ -86,10 +93,9 @@ ListForm::ListForm(const FormContext &context, const QString &className, const Q
     , m_body(new QHBoxLayout)
     , m_grid(new Grid(context, className, {}, this)) {
     m_search->setPlaceholderText(QStringLiteral("查找 F3：编号、名称、简码"));
-    m_search->setFixedWidth(240);
     m_search->setClearButtonEnabled(true);
     m_search->setMaxLength(100);
-    m_actions->addRight(m_search);
+    m_actions->addSearch(m_search);
     m_grid->setTitle(title);
     m_filters->setSpacing(8);
     auto *layout = new QVBoxLayout(this);

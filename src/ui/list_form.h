@@ -8,6 +8,7 @@
 
 class QBoxLayout;
 class QHBoxLayout;
+class QLineEdit;
 
 namespace jxc {
 
@@ -26,8 +27,11 @@ public:
     /// is built on another can put its own actions where they belong.
     void markPlace();
     void goToPlace();
-    /// Something at the right end.
-    void addRight(QWidget *widget);
+    /// Something at the right end; with a stretch it gives way on a small screen, down to its
+    /// smallest width.
+    void addRight(QWidget *widget, int stretch = 0);
+    /// A search box as wide as there is room.
+    void addSearch(QLineEdit *search);
 
 private:
     void insert(QWidget *widget);

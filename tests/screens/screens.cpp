@@ -13,6 +13,8 @@
 #include "money/forms/partner_accounts_form.h"
 #include "money/forms/settlement_editor.h"
 #include "money/forms/tf_xjyh.h"
+#include "reports/partner_statement.h"
+#include "reports/pdf.h"
 #include "services/opening.h"
 #include "stock/forms/stock_panel.h"
 #include "stock/forms/tf_kccx.h"
@@ -121,6 +123,15 @@ private:
         for (int page = 1; page < tabs.pageCount(); ++page) {
             tabs.showPage(page);
             take(&tabs, name + QStringLiteral("_%1").arg(page + 1));
+        }
+        if (name == u"TF_WlzwKh") {
+            const QString owing = tabs.db().scalar(
+                QStringLiteral("select k_ghskh from jxc_ysyfk where k_type='kh' and k_ghskh<>'100001' group by k_ghskh "
+                               "order by count(*) desc,k_ghskh"));
+            const QString year = tabs.session().today().left(4);
+            const Pages pages = statementPages(tabs.session(), tabs.context().home, {Partner::Kind::customer, owing},
+                                               year + QStringLiteral("-10-15"), tabs.session().today());
+            if (!writePdf(pages, name, m_folder + QStringLiteral("/statement.pdf"))) qWarning("no statement");
         }
         auto *accounts = qobject_cast<PartnerAccountsForm *>(&tabs);
         if (accounts == nullptr) return;

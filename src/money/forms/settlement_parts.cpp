@@ -22,7 +22,7 @@ SettlementParts::SettlementParts(const Formats &formats, QWidget *parent)
                                   QStringLiteral("日期"),     QStringLiteral("天数"),
                                   QStringLiteral("单据金额"), QStringLiteral("未结金额"),
                                   QStringLiteral("本次结算")};
-    const std::array<int, placeCount> widths = {132, 96, 100, 48, 92, 92, 96};
+    const std::array<int, placeCount> widths = {128, 92, 96, 48, 88, 88, 92};
     for (int place = 0; place < placeCount; ++place) {
         auto *caption = new QTableWidgetItem(captions[place]);
         caption->setTextAlignment((place >= days ? Qt::AlignRight : Qt::AlignLeft) |
@@ -174,6 +174,14 @@ void SettlementParts::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEdi
     QTableWidget::closeEditor(editor, hint);
     if (hint == QAbstractItemDelegate::SubmitModelCache && currentRow() + 1 < rowCount())
         setCurrentCell(currentRow() + 1, part);
+}
+
+/// Where there is little room, what can be missed gives way.
+void SettlementParts::resizeEvent(QResizeEvent *event) {
+    constexpr int roomForTotal = 624, roomForKind = 532;
+    setColumnHidden(total, width() < roomForTotal);
+    setColumnHidden(kind, width() < roomForKind);
+    QTableWidget::resizeEvent(event);
 }
 
 void SettlementParts::focusInEvent(QFocusEvent *event) {
