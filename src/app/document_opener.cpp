@@ -1,6 +1,9 @@
 #include "app/document_opener.h"
 
 #include "core/prompter.h"
+#include "money/forms/cash_editor.h"
+#include "money/forms/expense_editor.h"
+#include "money/forms/settlement_editor.h"
 #include "stock/document_sources.h"
 #include "ui/document_editor.h"
 
@@ -17,6 +20,25 @@ bool hasEditor(const QString &code) {
     return codes.contains(code);
 }
 
+/// The editor of an entry without goods, by its number; null for other documents and for one that
+/// is not there.
+PlainEditor *moneyEditor(const FormContext &context, const QString &number, QWidget *parent) {
+    const auto opened = [&](auto *editor) -> PlainEditor * {
+        if (editor->open(number))
+            return editor;
+        delete editor;
+        return nullptr;
+    };
+    const QString code = number.left(2);
+    if (const SettlementKind *kind = findSettlementKind(number))
+        return opened(new SettlementEditor(context, *kind, parent));
+    if (code == QLatin1String("FY") || code == QLatin1String("SR"))
+        return opened(new ExpenseEditor(context, parent));
+    if (!cashEntryTitle(code).isEmpty())
+        return opened(new CashEditor(context, code, parent));
+    return nullptr;
+}
+
 } // namespace
 
 void openDocumentToRead(const FormContext &context, const QString &number, QWidget *owner) {
@@ -26,6 +48,14 @@ void openDocumentToRead(const FormContext &context, const QString &number, QWidg
         return;
     }
     const QString code = number.left(2);
+    QWidget *over =
+        QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : owner;
+    if (PlainEditor *editor = moneyEditor(context, number, over)) {
+        editor->setReadOnly();
+        editor->setAttribute(Qt::WA_DeleteOnClose);
+        editor->showModal();
+        return;
+    }
     if (!hasEditor(code)) {
         const DocumentSource *source = findDocumentSource(code);
         tell(source == nullptr
@@ -33,9 +63,7 @@ void openDocumentToRead(const FormContext &context, const QString &number, QWidg
                  : QStringLiteral("%1的界面尚未提供，单据号：%2").arg(source->title, number));
         return;
     }
-    QWidget *front = QApplication::activeModalWidget();
-    auto *editor =
-        new DocumentEditor(context, documentFormSpec(code), front != nullptr ? front : owner);
+    auto *editor = new DocumentEditor(context, documentFormSpec(code), over);
     editor->setAttribute(Qt::WA_DeleteOnClose);
     if (!editor->openToRead(number)) {
         delete editor;

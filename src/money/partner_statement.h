@@ -16,14 +16,16 @@ struct StatementQuery {
     QString number{};     ///< part of the document's number
     QString search{};     ///< part of the partner's number, initials or name
     bool newestFirst = false;
+    /// Amounts of returned documents with a minus, so that the sums are net; otherwise as they
+    /// stand on the document.
+    bool netted = false;
 };
 
 // Each is one statement. Nothing is written.
 
 /// 往来单据: every approved document that made or lowered a debt, debts before returns on one day:
 /// djh partner partner_name partner_jm ck_sn ck_name rq yfje sfje wfje yhje fktype u_sn u_name
-/// dnote a_name dsort ("1" debt, "2" return) checker chkrq hkje yf bzf yffs. Amounts of returns are
-/// positive, as on the document.
+/// dnote a_name dsort ("1" debt, "2" return) checker chkrq hkje yf bzf yffs.
 [[nodiscard]] Rows statementDocuments(const Session &session, const StatementQuery &query);
 
 /// 商品汇总: per goods gl_sl gl_zje gl_je gl_taxje; returns count against.

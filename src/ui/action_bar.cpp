@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QFrame>
+#include <QLineEdit>
 #include <QHBoxLayout>
 #include <QToolButton>
 
@@ -57,9 +58,16 @@ void ActionBar::goToPlace() {
     m_atPlace = m_place >= 0;
 }
 
-void ActionBar::addRight(QWidget *widget) {
-    m_layout->addWidget(widget);
+void ActionBar::addRight(QWidget *widget, int stretch) {
+    m_layout->addWidget(widget, stretch);
     ++m_right;
+}
+
+void ActionBar::addSearch(QLineEdit *search) {
+    constexpr int leastWidth = 88, usualWidth = 240, aheadOfTheGap = 100;
+    search->setMinimumWidth(leastWidth);
+    search->setMaximumWidth(usualWidth);
+    addRight(search, aheadOfTheGap);
 }
 
 } // namespace jxc

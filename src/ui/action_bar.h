@@ -6,6 +6,7 @@
 
 class QAction;
 class QHBoxLayout;
+class QLineEdit;
 
 namespace jxc {
 
@@ -24,8 +25,10 @@ public:
     /// is built on another can put its own actions where they belong.
     void markPlace();
     void goToPlace();
-    /// Something at the right end.
-    void addRight(QWidget *widget);
+    /// Something at the right end; with a stretch it takes room from the gap.
+    void addRight(QWidget *widget, int stretch = 0);
+    /// A search box at the right end, that gives way to the buttons on a small screen.
+    void addSearch(QLineEdit *search);
 
 private:
     void insert(QWidget *widget);

@@ -57,8 +57,7 @@ void ApprovalList::build() {
     m_search->setPlaceholderText(m_spec.searchHint);
     m_search->setClearButtonEnabled(true);
     m_search->setMaxLength(100);
-    m_search->setFixedWidth(240);
-    m_actions->addRight(m_search);
+    m_actions->addSearch(m_search);
     auto *line = new QHBoxLayout;
     line->setSpacing(12);
     line->addWidget(m_tabs);
@@ -69,6 +68,7 @@ void ApprovalList::build() {
     split->setHandleWidth(8);
     split->addWidget(m_grid);
     if (m_lower != nullptr) {
+        m_lower->setMinimumHeight(140); // three rows
         split->addWidget(m_lower);
         split->setStretchFactor(0, 3);
         split->setStretchFactor(1, 1);

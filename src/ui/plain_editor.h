@@ -23,6 +23,8 @@ public:
     bool mayLeave() override;
     /// F5.
     void accept() override;
+    /// Nothing may be typed: only Esc is left.
+    virtual void setReadOnly();
     /// F6: stores and begins another one; of editors that can.
     void saveAndContinue();
 
@@ -42,8 +44,6 @@ protected:
     /// A further button before the usual ones, with its key.
     void addButton(const QString &name, const QString &caption, Qt::Key key,
                    const std::function<void()> &run);
-    /// Nothing may be typed: only Esc is left.
-    void setReadOnly();
     [[nodiscard]] bool isReadOnly() const { return m_readOnly; }
     /// Enter goes on even in a field that would take it otherwise.
     void goOn() { focusNextChild(); }

@@ -81,7 +81,9 @@ void SettlementEditor::addParts() {
     connect(m_parts, &SettlementParts::partsChanged, this, &SettlementEditor::showRest);
     addButton(QStringLiteral("btnAuto"), QStringLiteral("自动分配"), Qt::Key_F7,
               [this] { btnAutoClick(); });
-    resize(1040, 480);
+    // On a small screen at a large scale the window stays within the one behind it.
+    const int room = parentWidget() == nullptr ? 1040 : parentWidget()->window()->width() - 24;
+    resize(qMin(1040, room), 480);
 }
 
 void SettlementEditor::FormActivate() {
@@ -107,11 +109,15 @@ bool SettlementEditor::open(const QString &number) {
     fill();
     if (m_draft.approved) {
         setReadOnly();
-        if (m_parts != nullptr)
-            m_parts->setEditTriggers(QAbstractItemView::NoEditTriggers);
         setWindowTitle(windowTitle() + QStringLiteral("（已审核）"));
     }
     return true;
+}
+
+void SettlementEditor::setReadOnly() {
+    EntryEditor::setReadOnly();
+    if (m_parts != nullptr)
+        m_parts->setReadOnly();
 }
 
 void SettlementEditor::fill() {

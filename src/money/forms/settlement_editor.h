@@ -22,6 +22,7 @@ public:
     /// Begins with this partner.
     void choosePartner(const QString &partner);
     void FormActivate() override;
+    void setReadOnly() override;
 
 public Q_SLOTS:
     void btnAutoClick();

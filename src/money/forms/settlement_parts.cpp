@@ -22,7 +22,7 @@ SettlementParts::SettlementParts(const Formats &formats, QWidget *parent)
                                   QStringLiteral("日期"),     QStringLiteral("天数"),
                                   QStringLiteral("单据金额"), QStringLiteral("未结金额"),
                                   QStringLiteral("本次结算")};
-    const std::array<int, placeCount> widths = {132, 96, 100, 48, 92, 92, 96};
+    const std::array<int, placeCount> widths = {128, 92, 96, 48, 88, 88, 92};
     for (int place = 0; place < placeCount; ++place) {
         auto *caption = new QTableWidgetItem(captions[place]);
         caption->setTextAlignment((place >= days ? Qt::AlignRight : Qt::AlignLeft) |
@@ -102,6 +102,11 @@ void SettlementParts::setParts(const std::vector<Allocation> &parts) {
     Q_EMIT partsChanged();
 }
 
+void SettlementParts::setReadOnly() {
+    m_readOnly = true;
+    setEditTriggers(NoEditTriggers);
+}
+
 std::vector<Allocation> SettlementParts::parts() const {
     std::vector<Allocation> all;
     for (size_t i = 0; i < m_items.size(); ++i)
@@ -133,14 +138,14 @@ void SettlementParts::keyPressEvent(QKeyEvent *event) {
     const int row = currentRow();
     switch (event->key()) {
     case Qt::Key_Space:
-        if (row >= 0) {
+        if (row >= 0 && !m_readOnly) {
             const bool isSet = !m_parts[static_cast<size_t>(row)].isZero();
             setPart(row, isSet ? Decimal() : m_items[static_cast<size_t>(row)].open);
             Q_EMIT partsChanged();
         }
         return;
     case Qt::Key_Delete:
-        if (row >= 0) {
+        if (row >= 0 && !m_readOnly) {
             setPart(row, {});
             Q_EMIT partsChanged();
         }
@@ -169,6 +174,14 @@ void SettlementParts::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEdi
     QTableWidget::closeEditor(editor, hint);
     if (hint == QAbstractItemDelegate::SubmitModelCache && currentRow() + 1 < rowCount())
         setCurrentCell(currentRow() + 1, part);
+}
+
+/// Where there is little room, what can be missed gives way.
+void SettlementParts::resizeEvent(QResizeEvent *event) {
+    constexpr int roomForTotal = 624, roomForKind = 532;
+    setColumnHidden(total, width() < roomForTotal);
+    setColumnHidden(kind, width() < roomForKind);
+    QTableWidget::resizeEvent(event);
 }
 
 void SettlementParts::focusInEvent(QFocusEvent *event) {

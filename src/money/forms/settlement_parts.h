@@ -20,6 +20,7 @@ public:
     [[nodiscard]] Decimal sum() const;
     void setParts(const std::vector<Allocation> &parts);
     [[nodiscard]] const std::vector<OpenItem> &items() const { return m_items; }
+    void setReadOnly();
 
 Q_SIGNALS:
     void partsChanged();
@@ -28,6 +29,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     void focusInEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void setPart(int row, Decimal amount);
@@ -37,6 +39,7 @@ private:
     std::vector<OpenItem> m_items;
     std::vector<Decimal> m_parts; ///< beside the items
     bool m_filling = false;
+    bool m_readOnly = false;
 };
 
 } // namespace jxc

@@ -1,7 +1,6 @@
 #include "money/forms/statement_form.h"
 
 #include "core/session.h"
-#include "db/computed_rows.h"
 #include "ui/list_form.h"
 #include "ui/period_bar.h"
 #include "ui/pick_field.h"
@@ -21,23 +20,6 @@ constexpr int searchDelay = 120;
 /// What is bought is known to those alone who may see cost prices.
 ColumnSpec priced(ColumnSpec spec, Partner::Kind kind) {
     return kind == Partner::Kind::supplier ? costOnly(std::move(spec)) : spec;
-}
-
-/// The amounts of returns with a minus, so that the sums under the list are net.
-Rows netted(const Rows &rows) {
-    if (rows.empty())
-        return {};
-    ComputedRows list(rows.front().columns().names(),
-                      QStringLiteral("n_yfje n_sfje n_yhje n_hkje n_wfje").split(u' '));
-    for (const Row &row : rows) {
-        const bool isReturn = row.text(u"dsort") == u"2";
-        const auto net = [&](QStringView field) {
-            const Decimal amount = row.decimal(field);
-            return Cell(isReturn ? -amount : amount);
-        };
-        list.add(row, {net(u"yfje"), net(u"sfje"), net(u"yhje"), net(u"hkje"), net(u"wfje")});
-    }
-    return list.take();
 }
 
 } // namespace
@@ -76,8 +58,7 @@ StatementForm::StatementForm(const FormContext &context, const QString &classNam
     line->addWidget(m_number);
     actionBar().addRight(filters);
     gridOf(documents).model().setTone([](const Row &row, const ColumnSpec &spec) {
-        return spec.field == u"n_wfje" && !row.decimal(u"wfje").isZero() ? Tone::danger
-                                                                         : Tone::plain;
+        return spec.field == u"wfje" && !row.decimal(u"wfje").isZero() ? Tone::danger : Tone::plain;
     });
 }
 
@@ -90,15 +71,15 @@ void StatementForm::addPages() {
     const ColumnSpec quantity = summed(column(u"gl_sl", u"数量", ValueKind::quantity));
     addPage(QStringLiteral("往来单据"),
             {column(u"rq", u"开单日期", ValueKind::date), text(u"djh", u"单据号", 132), name,
-             text(u"fktype", u"类型", 104), money(u"n_yfje", customer ? u"应收金额" : u"应付金额"),
-             money(u"n_sfje", customer ? u"实收金额" : u"实付金额"), money(u"n_yhje", u"优惠金额"),
-             money(u"n_hkje", u"已还金额"), money(u"n_wfje", customer ? u"未收金额" : u"未付金额"),
+             text(u"fktype", u"类型", 104), money(u"yfje", customer ? u"应收金额" : u"应付金额"),
+             money(u"sfje", customer ? u"实收金额" : u"实付金额"), money(u"yhje", u"优惠金额"),
+             money(u"hkje", u"已还金额"), money(u"wfje", customer ? u"未收金额" : u"未付金额"),
              hidden(money(u"yf", u"运费")), hidden(money(u"bzf", u"包装费")),
              hidden(text(u"yffs", u"运费付款方式", 104)), text(u"ck_name", u"仓库", 88),
              text(u"u_name", u"经手人", 72), text(u"dnote", u"备注", 120),
              hidden(text(u"a_name", u"操作员", 72)), hidden(text(u"checker", u"审核人", 72)),
              hidden(text(u"chkrq", u"审核日期", 96))},
-            [this] { return netted(statementDocuments(session(), query())); });
+            [this] { return statementDocuments(session(), query()); });
     addPage(QStringLiteral("商品汇总"),
             {text(u"g_sn", u"商品编号", 96), text(u"g_name", u"商品名称", 200),
              text(u"gg_name", u"规格", 112), text(u"dw_name", u"单位", 56), quantity,
@@ -148,6 +129,7 @@ StatementQuery StatementForm::query() const {
     query.to = period().to;
     query.warehouse = m_warehouse->code();
     query.number = m_number->text().trimmed();
+    query.netted = true;
     query.newestFirst = m_newestFirst->isChecked();
     return query;
 }

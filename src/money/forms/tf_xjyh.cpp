@@ -8,7 +8,9 @@
 #include "ui/period_bar.h"
 #include "ui/row_list.h"
 
+#include <QAction>
 #include <QTableView>
+#include <QToolButton>
 
 namespace jxc {
 
@@ -38,6 +40,7 @@ TF_Xjyh::TF_Xjyh(const FormContext &context, QWidget *parent)
     addEntryActions();
     addCommonActions();
     m_period = addPeriodBar(static_cast<int>(PeriodChoice::thisMonth));
+    addAccountsButton();
     setSide(m_accounts, 232);
     connect(m_accounts, &Grid::currentChanged, this, &TF_Xjyh::refresh);
     connect(&grid(), &Grid::activated, this, &TF_Xjyh::btnModiClick);
@@ -72,9 +75,20 @@ void TF_Xjyh::addEntryActions() {
     addAction(
         QStringLiteral("btnCancel"), QStringLiteral("取消审核"), Qt::Key_F9,
         [this] { btnCancelClick(); }, true);
-    addAction(QStringLiteral("btnAccounts"), QStringLiteral("银行账户"),
-              QKeySequence(QStringLiteral("Ctrl+B")),
-              [this] { context().stage.openForm(QStringLiteral("TF_Yhzh"), {}); });
+}
+
+/// Beside the period: the buttons above would be too many for a small screen.
+void TF_Xjyh::addAccountsButton() {
+    auto *action = new QAction(QStringLiteral("银行账户 Ctrl+B"), this);
+    action->setObjectName(QStringLiteral("btnAccounts"));
+    action->setShortcut(QKeySequence(QStringLiteral("Ctrl+B")));
+    connect(action, &QAction::triggered, this,
+            [this] { context().stage.openForm(QStringLiteral("TF_Yhzh"), {}); });
+    QWidget::addAction(action);
+    auto *button = new QToolButton(this);
+    button->setDefaultAction(action);
+    button->setFocusPolicy(Qt::NoFocus);
+    filterLine()->addWidget(button);
 }
 
 void TF_Xjyh::FormActivate() {

@@ -29,6 +29,7 @@ protected:
 
 private:
     void addEntryActions();
+    void addAccountsButton();
     void showAccounts();
     [[nodiscard]] QString account() const;
     void enter(const QString &code);
