@@ -1,10 +1,13 @@
 // Short messages and wallet payments at the counter, by keys.
+#include "app/gateway_watch.h"
 #include "retail/forms/tf_sms.h"
 #include "retail/forms/tf_sms_cs.h"
 #include "retail/forms/tf_wxfk.h"
 #include "retail/gateway_server.h"
 #include "retail/gateway_settings.h"
+#include "retail/sms_book.h"
 #include "retail/sms_send.h"
+#include "retail/sms_settings.h"
 #include "retail/wallet_gateway.h"
 #include "support/windows.h"
 #include "ui/box_prompter.h"
@@ -73,6 +76,8 @@ private Q_SLOTS:
     void endsByHand();
     void sendsToTickedMembers_data() { addEngineRows(); }
     void sendsToTickedMembers();
+    void finishesAtTheStart_data() { addEngineRows(); }
+    void finishesAtTheStart();
 };
 
 void TestGatewayForms::paysByScanner() {
@@ -196,6 +201,30 @@ void TestGatewayForms::sendsToTickedMembers() {
     QTRY_COMPARE(counter.user.told, QStringList{u"短信发送成功，共1条"_qs});
     QCOMPARE(counter.server.arrived.back().field(u"phone"_qs), u"13900000003"_qs);
     form.reject();
+}
+
+/// What a killed program left behind: a payment without an answer, and a message not yet sent.
+void TestGatewayForms::finishesAtTheStart() {
+    Counter counter;
+    WalletAttempt attempt;
+    Shop::demand(beginPayment(counter.session, counter.user, {number, 12.34_d, code}, &attempt));
+    Shop::demand(
+        saveSmsSettings(counter.session, counter.user, {u"店"_qs, u"shop"_qs, u"pw"_qs, {}, {}}));
+    counter.db.insertRow(u"jxc_hyxx"_qs, {{u"hy_sn"_qs, u"1"}, {u"hy_mobile"_qs, u"13900000001"}});
+    SmsBatch batch;
+    Shop::demand(recordSmsBatch(counter.session, counter.user, u"到货"_qs, {u"1"_qs}, &batch));
+    counter.says(answerOf(u"0"_qs, u"SUCCESS"_qs, u"T1"_qs));
+    GatewayWatch watch(counter.context);
+    watch.start();
+    QTRY_COMPARE(counter.user.told,
+                 QStringList{u"结果未知的移动支付已经查明：\r\n\r\n"
+                             "单据PS26033110001，金额12.34：SUCCESS—支付成功"_qs});
+    QTRY_VERIFY(!watch.sms().isBusy());
+    QCOMPARE(counter.server.arrived.size(), 2U);
+    QVERIFY(waitingMessages(counter.session).isEmpty());
+    watch.start(); // nothing is left to do
+    QTest::qWait(50);
+    QCOMPARE(counter.server.arrived.size(), 2U);
 }
 
 JXC_GUI_MAIN(TestGatewayForms, QApplication)
