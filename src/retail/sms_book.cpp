@@ -64,6 +64,7 @@ QString messageFor(const Row &member, const QString &text, const QString &sign) 
 
 Rows smsMembers(const Session &session, const QString &search, const QString &level) {
     Where where;
+    where.add(QStringLiteral("m.hy_sn<>'100001'")); // who has no card has no telephone
     where.addEqual(QStringLiteral("m.hl_sn"), level);
     if (!search.isEmpty()) {
         QStringList parts;

@@ -163,7 +163,9 @@ void Grid::goToLine(int line) {
         return;
     const std::vector<int> visible = visibleColumns();
     const QModelIndex index = m_model->index(line, visible.empty() ? 0 : visible.front());
-    m_view->setCurrentIndex(index);
+    // The view's own way would heed a Ctrl that is held for another reason, and select nothing.
+    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                         QItemSelectionModel::Rows);
     m_view->scrollTo(index);
 }
 

@@ -62,6 +62,7 @@ void ListPage::refresh() {
     const QString key = m_grid->currentText(keyField);
     m_grid->setRows(m_read(m_search->text().trimmed()));
     m_grid->goTo(keyField, key);
+    Q_EMIT refreshed();
 }
 
 QAction *ListPage::addAction(const QString &name, const QString &caption, const QKeySequence &key,

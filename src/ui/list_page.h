@@ -39,6 +39,10 @@ public:
     /// A filter beside the period.
     void addFilter(QWidget *filter);
 
+Q_SIGNALS:
+    /// The rows are new ones; ticks went with the old ones.
+    void refreshed();
+
 private:
     Form &m_form;
     Reader m_read;

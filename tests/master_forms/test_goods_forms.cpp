@@ -7,6 +7,7 @@
 #include "master/forms/tf_spxxgl_plxg.h"
 #include "master/goods_details.h"
 #include "master_forms/stage.h"
+#include "retail/gateway_settings.h"
 #include "services/forms/tf_import.h"
 #include "services/forms/tf_xtcs.h"
 #include "ui/document_editor.h"
@@ -316,6 +317,17 @@ void TestGoodsForms::settings() {
     QCOMPARE(stage.shop.session.company.name, QStringLiteral("青山农资"));
     QCOMPARE(stage.shop.session.parameters.amountDecimals, 3);
     QCOMPARE(stage.shop.lastLog(), QStringLiteral("修改系统设置：公司名称，金额小数位数"));
+    // The providers' addresses stand beside the account set, and are saved with the rest.
+    auto *address = form->findChild<QLineEdit *>(QStringLiteral("payment_address"));
+    form->tabs().showPageOf(address);
+    address->setFocus();
+    retype(address, QStringLiteral("pay.example.cn"));
+    press(Qt::Key_F5);
+    QCOMPARE(stage.takeTold(), QStringLiteral("移动支付平台地址格式不正确！"));
+    retype(address, QStringLiteral("https://pay.example.cn/gateway"));
+    press(Qt::Key_F5);
+    QCOMPARE(stage.takeTold(), QStringLiteral("保存成功！"));
+    QCOMPARE(loadGatewaySettings(form->context().home).paymentAddress, QStringLiteral("https://pay.example.cn/gateway"));
     // Once something was booked, other decimals re-cost it all: asked first, and No leaves all.
     stage.shop.addGoods(QStringLiteral("10000001"));
     DraftLine line;

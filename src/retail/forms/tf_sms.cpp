@@ -91,15 +91,18 @@ QWidget *TF_Sms::makeSendPage() {
     m_members->searchBox().setPlaceholderText(QStringLiteral("查找 F3：卡号、姓名、电话"));
     m_members->addAction(QStringLiteral("btnAll"), QStringLiteral("全选"), Qt::Key_F7,
                          [this] { m_members->grid().model().tickAll(true); });
-    m_members->addAction(QStringLiteral("btnNone"), QStringLiteral("全不选"), Qt::Key_F8,
-                         [this] { m_members->grid().model().tickAll(false); });
+    m_members->addAction(QStringLiteral("btnNone"), QStringLiteral("全不选"), Qt::Key_F8, [this] {
+        m_ticked.clear();
+        m_members->grid().model().tickAll(false);
+    });
     m_members->addFilter(new QLabel(QStringLiteral("会员级别")));
     m_members->addFilter(m_level);
     Grid &grid = m_members->grid();
     grid.model().setTickable(true);
     connect(m_level, &QComboBox::currentIndexChanged, m_members, &ListPage::refresh);
     connect(&grid, &Grid::currentChanged, this, &TF_Sms::showText);
-    connect(&grid.model(), &RowsModel::ticksChanged, this, &TF_Sms::showText);
+    connect(&grid.model(), &RowsModel::ticksChanged, this, &TF_Sms::takeTicks);
+    connect(m_members, &ListPage::refreshed, this, &TF_Sms::restoreTicks);
 
     auto *page = new QWidget;
     auto *row = new QHBoxLayout(page);
@@ -193,25 +196,44 @@ void TF_Sms::fillLevels() {
     m_level->setCurrentIndex(qMax(0, m_level->findData(chosen)));
 }
 
+void TF_Sms::takeTicks() {
+    const RowsModel &model = m_members->grid().model();
+    for (int line = 0; line < model.rowCount(); ++line) {
+        const QString member = model.at(line).text(u"hy_sn");
+        if (model.isTicked(line))
+            m_ticked.insert(member);
+        else
+            m_ticked.remove(member);
+    }
+    showText();
+}
+
+/// One searches for a member, ticks it, searches for the next.
+void TF_Sms::restoreTicks() {
+    RowsModel &model = m_members->grid().model();
+    const QSignalBlocker quiet(model); // the view paints anew after a search anyway
+    for (int line = 0; line < model.rowCount(); ++line)
+        if (m_ticked.contains(model.at(line).text(u"hy_sn")))
+            model.tick(line, true);
+    showText();
+}
+
 /// How long the message gets, and how the current member will read it.
 void TF_Sms::showText() {
-    const auto ticked = m_members->grid().model().tickedRows().size();
     QString shown = m_text->toPlainText();
     if (const Row *member = m_members->grid().current())
         shown = withSmsSign(fillSmsTemplate(shown, smsPlaceholders(*member)),
                             loadSmsSettings(db()).sign);
-    m_count->setText(QStringLiteral("%1 字，选中 %2 个会员").arg(shown.size()).arg(ticked));
+    m_count->setText(
+        QStringLiteral("%1 字，选中 %2 个会员").arg(shown.size()).arg(m_ticked.size()));
     m_preview->setText(shown);
 }
 
 QStringList TF_Sms::chosenMembers() const {
-    std::vector<const Row *> rows = m_members->grid().model().tickedRows();
-    if (rows.empty() && m_members->grid().current() != nullptr)
-        rows.push_back(m_members->grid().current());
-    QStringList numbers;
-    for (const Row *row : rows)
-        numbers << row->text(u"hy_sn");
-    return numbers;
+    QStringList members(m_ticked.begin(), m_ticked.end());
+    if (members.isEmpty() && m_members->grid().current() != nullptr)
+        members << m_members->grid().current()->text(u"hy_sn");
+    return members;
 }
 
 void TF_Sms::setBusy(bool isBusy) {
@@ -229,6 +251,8 @@ void TF_Sms::btnOKClick() {
             recordSmsBatch(session(), prompter(), m_text->toPlainText(), chosenMembers(), &batch)))
         return;
     m_withoutMobile = batch.withoutMobile;
+    m_ticked.clear(); // so that a second F5 does not send to all of them again
+    m_members->grid().model().tickAll(false);
     setBusy(true);
     m_sender->sendWaiting(batch.ids);
 }

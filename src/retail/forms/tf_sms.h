@@ -2,6 +2,8 @@
 
 #include "ui/form.h"
 
+#include <QSet>
+
 class QComboBox;
 class QLabel;
 class QPlainTextEdit;
@@ -44,6 +46,8 @@ private:
     QWidget *makeTextPanel();
     QWidget *makeSentPage();
     void fillLevels();
+    void takeTicks();
+    void restoreTicks();
     void showText();
     void setBusy(bool isBusy);
     void tell(const SmsReport &report);
@@ -58,6 +62,7 @@ private:
     QLabel *m_count, *m_preview, *m_state;
     QProgressBar *m_progress;
     QPushButton *m_ok, *m_stop;
+    QSet<QString> m_ticked;  ///< hy_sn; also of members that a search hides
     int m_withoutMobile = 0; ///< of the batch that is being sent
 };
 

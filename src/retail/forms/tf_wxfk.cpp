@@ -7,6 +7,7 @@
 #include "ui/list_page.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -18,22 +19,22 @@ namespace jxc {
 namespace {
 
 ColumnSpecs recordColumns() {
-    ColumnSpec kind = text(u"wx_flag", u"业务类型", 80);
+    ColumnSpec kind = text(u"wx_flag", u"业务类型", 76);
     kind.words = {{QStringLiteral("fk"), QStringLiteral("付款")},
                   {QStringLiteral("fkcx"), QStringLiteral("查询")}};
-    ColumnSpec code = text(u"err_code", u"错误代码", 110);
+    ColumnSpec code = text(u"err_code", u"错误代码", 90);
     code.words = {{walletOpenCode, QStringLiteral("待查询")},
                   {walletNotSentCode, QStringLiteral("未发出")},
                   {walletFailedCode, QStringLiteral("失败")}};
-    return {text(u"wx_time", u"时间", 160),
+    return {text(u"wx_time", u"时间", 150),
             text(u"gl_djh", u"单据号", 130),
             kind,
-            text(u"trade_type", u"交易类型", 110),
+            text(u"trade_type", u"交易类型", 100),
             column(u"total_fee", u"金额", ValueKind::amount, 90),
-            text(u"transaction_id", u"机器订单号", 190),
-            text(u"out_transaction_id", u"第三方订单号", 190),
+            text(u"transaction_id", u"机器订单号", 150),
+            text(u"out_transaction_id", u"第三方订单号", 150),
             code,
-            text(u"err_msg", u"提示信息", 180),
+            text(u"err_msg", u"提示信息", 160),
             text(u"a_name", u"操作员", 80)};
 }
 
@@ -72,7 +73,7 @@ TF_Wxfk::TF_Wxfk(const FormContext &context, QWidget *parent)
     };
     turn(QKeySequence(Qt::CTRL | Qt::Key_PageUp), 0);
     turn(QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
-    resize(1040, 520);
+    resize(1240, 560);
     setOrder({}, {});
 }
 
@@ -89,11 +90,8 @@ QWidget *TF_Wxfk::makePayPage() {
     m_state->setTextFormat(Qt::PlainText);
     m_state->setAlignment(Qt::AlignTop);
     m_state->setMinimumHeight(96);
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * 1.5);
-    for (QWidget *widget : {static_cast<QWidget *>(m_amount), static_cast<QWidget *>(m_code),
-                            static_cast<QWidget *>(m_state)})
-        widget->setFont(large);
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_amount, m_code, m_state})
+        widget->setStyleSheet(QStringLiteral("font-size: 18px;")); // read across the counter
     m_pay = new QPushButton(QStringLiteral("付款 F5"));
     m_pay->setObjectName(QStringLiteral("btnFk"));
     m_ask = new QPushButton(QStringLiteral("查询 F6"));
@@ -118,11 +116,13 @@ QWidget *TF_Wxfk::makePayPage() {
     buttons->addStretch(1);
     buttons->addWidget(m_pay);
     buttons->addWidget(m_ask);
-    auto *column = new QVBoxLayout(page);
-    column->setContentsMargins(24, 20, 24, 20);
+    auto *panel = new QWidget; // a scanner's field need not span the window
+    panel->setFixedWidth(560);
+    auto *column = new QVBoxLayout(panel);
     column->addLayout(fields);
-    column->addStretch(1);
     column->addLayout(buttons);
+    auto *centre = new QGridLayout(page);
+    centre->addWidget(panel, 0, 0, Qt::AlignCenter);
     return page;
 }
 

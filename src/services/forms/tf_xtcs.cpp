@@ -1,13 +1,16 @@
 #include "services/forms/tf_xtcs.h"
 
-#include "core/prompter.h"
+#include "core/action.h"
 #include "core/session.h"
 #include "master/system_parameters.h"
+#include "retail/gateway_settings.h"
 #include "services/save_parameters.h"
 #include "ui/field_tabs.h"
 #include "ui/progress.h"
 
+#include <QFormLayout>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
 
 namespace jxc {
@@ -20,6 +23,7 @@ TF_Xtcs::TF_Xtcs(const FormContext &context, QWidget *parent)
         field.page = parameter.page;
         m_tabs->add(parameter.table, field);
     }
+    addAddresses();
     m_tabs->finish();
     auto *save = new QPushButton(QStringLiteral("保存 F5"), this);
     auto *exit = new QPushButton(QStringLiteral("退出 Esc"), this);
@@ -40,7 +44,49 @@ TF_Xtcs::TF_Xtcs(const FormContext &context, QWidget *parent)
     resize(880, 520);
 }
 
+/// The addresses of both providers stand in a file of the workstation, so they are no fields of a
+/// table like all the others.
+void TF_Xtcs::addAddresses() {
+    m_smsHost = new QLineEdit;
+    m_smsHost->setObjectName(QStringLiteral("sms_host"));
+    m_smsHost->setPlaceholderText(QStringLiteral("短信服务商提供的域名或IP"));
+    m_paymentAddress = new QLineEdit;
+    m_paymentAddress->setObjectName(QStringLiteral("payment_address"));
+    m_paymentAddress->setPlaceholderText(QStringLiteral("支付服务商提供的地址，https://..."));
+    auto *panel = new QWidget;
+    auto *fields = new QFormLayout(panel);
+    fields->setContentsMargins(0, 0, 0, 0);
+    fields->setVerticalSpacing(12);
+    fields->addRow(QStringLiteral("短信平台地址"), m_smsHost);
+    fields->addRow(QStringLiteral("移动支付平台地址"), m_paymentAddress);
+    m_tabs->addBelow(QStringLiteral("短信支付"), panel, 0);
+}
+
+GatewaySettings TF_Xtcs::typedAddresses() const {
+    return {m_smsHost->text().trimmed(), m_paymentAddress->text().trimmed()};
+}
+
+bool TF_Xtcs::areAddressesChanged() const {
+    return typedAddresses() != loadGatewaySettings(context().home);
+}
+
+bool TF_Xtcs::saveAddresses() {
+    try {
+        if (areAddressesChanged())
+            saveGatewaySettings(context().home, typedAddresses());
+        return true;
+    } catch (const Refusal &refusal) {
+        prompter().inform(refusal.text(), informCaption);
+        m_tabs->showPageOf(m_smsHost);
+        m_smsHost->setFocus();
+        return false;
+    }
+}
+
 void TF_Xtcs::load() {
+    const GatewaySettings addresses = loadGatewaySettings(context().home);
+    m_smsHost->setText(addresses.smsHost);
+    m_paymentAddress->setText(addresses.paymentAddress);
     const QHash<QString, QString> stored = loadSystemParameters(session());
     m_settings = {};
     m_settings.id = 1; // what stands counts as stored
@@ -57,7 +103,7 @@ void TF_Xtcs::FormActivate() {
 
 bool TF_Xtcs::mayLeave() {
     m_tabs->collect(m_settings);
-    return !m_settings.isChanged() ||
+    return (!m_settings.isChanged() && !areAddressesChanged()) ||
            prompter().confirm(QStringLiteral("内容已修改，确认放弃吗？"), confirmCaption);
 }
 
@@ -67,6 +113,9 @@ void TF_Xtcs::btnSaveClick() {
     for (const FieldInput *input : m_tabs->inputs())
         if (m_settings.isChanged(input->field().column))
             changed.insert(input->field().column, m_settings.text(input->field().column));
+    const bool areMoved = areAddressesChanged();
+    if (!saveAddresses())
+        return;
     // Changed decimals re-cost all that was ever booked, which takes its time.
     std::unique_ptr<Progress> progress;
     const auto walked = [&](int done, int total) {
@@ -86,7 +135,7 @@ void TF_Xtcs::btnSaveClick() {
     const int page = m_tabs->currentIndex();
     load();
     m_tabs->setCurrentIndex(page);
-    if (!changed.isEmpty())
+    if (!changed.isEmpty() || areMoved)
         prompter().inform(QStringLiteral("保存成功！"), informCaption);
 }
 

@@ -3,9 +3,12 @@
 #include "master/record.h"
 #include "ui/form.h"
 
+class QLineEdit;
+
 namespace jxc {
 
 class FieldTabs;
+struct GatewaySettings;
 
 /// The settings of the whole system, page by page. F5 stores all that was changed at once.
 class TF_Xtcs : public Form {
@@ -25,9 +28,15 @@ protected:
 
 private:
     void load();
+    void addAddresses();
+    [[nodiscard]] GatewaySettings typedAddresses() const;
+    [[nodiscard]] bool areAddressesChanged() const;
+    /// False when one of them was refused; it has been told.
+    [[nodiscard]] bool saveAddresses();
 
     FieldTabs *m_tabs;
-    Record m_settings; ///< the columns of both tables, whose names differ
+    QLineEdit *m_smsHost, *m_paymentAddress; ///< of this workstation, not of the account set
+    Record m_settings;                       ///< the columns of both tables, whose names differ
 };
 
 } // namespace jxc
