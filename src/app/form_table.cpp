@@ -12,6 +12,9 @@
 #include "master/forms/tf_spxxgl.h"
 #include "master/forms/tf_spxxgl_add.h"
 #include "master/master_kind.h"
+#include "retail/forms/tf_posprinset.h"
+#include "retail/forms/tf_posxs.h"
+#include "retail/forms/tf_posxs_lsz.h"
 #include "services/forms/tf_backup.h"
 #include "services/forms/tf_backup2.h"
 #include "services/forms/tf_import.h"
@@ -71,6 +74,9 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Djcx>(QStringLiteral("TF_Djcx"));
     registry.add<TF_Jthcx>(QStringLiteral("TF_Jthcx"));
     registry.add<TF_Xsdjcx>(QStringLiteral("TF_Xsdjcx"));
+    registry.add<TF_Posxs>(QStringLiteral("TF_Posxs"));
+    registry.add<TF_Posxs_Lsz>(QStringLiteral("TF_Posxs_Lsz"));
+    registry.add<TF_PosPrinSet>(QStringLiteral("TF_PosPrinSet"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));
     registry.add<TF_Admin>(QStringLiteral("TF_Admin"));
     registry.add<TF_Role>(QStringLiteral("TF_Role"));
