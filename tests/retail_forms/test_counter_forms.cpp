@@ -56,14 +56,23 @@ class TestCounterForms : public QObject {
 private Q_SLOTS:
     void receiptFromTheKeyboard_data() { addEngineRows(); }
     void receiptFromTheKeyboard();
+    void linesAreChangedByKeys_data() { addEngineRows(); }
     void linesAreChangedByKeys();
+    void heldRecalledAndKeptOverACrash_data() { addEngineRows(); }
     void heldRecalledAndKeptOverACrash();
+    void tendersAndAccount_data() { addEngineRows(); }
     void tendersAndAccount();
+    void secondOperatorAllows_data() { addEngineRows(); }
     void secondOperatorAllows();
+    void goodsComeBack_data() { addEngineRows(); }
     void goodsComeBack();
+    void restrictedGoodsAskForTheBuyer_data() { addEngineRows(); }
     void restrictedGoodsAskForTheBuyer();
+    void printerThatIsOffStopsNothing_data() { addEngineRows(); }
     void printerThatIsOffStopsNothing();
+    void settingsAreKeptOnce_data() { addEngineRows(); }
     void settingsAreKeptOnce();
+    void journalShowsAndReprints_data() { addEngineRows(); }
     void journalShowsAndReprints();
 };
 
