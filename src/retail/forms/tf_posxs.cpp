@@ -29,8 +29,8 @@ namespace {
 ColumnSpecs lineColumns() {
     return {column(u"no", u"行", ValueKind::integer, 48),
             text(u"g_sn", u"商品编号", 110),
-            text(u"g_name", u"商品名称", 240),
-            text(u"gg_name", u"规格", 110),
+            text(u"g_name", u"商品名称", 220),
+            text(u"gg_name", u"规格", 96),
             text(u"dw_name", u"单位", 56),
             summed(column(u"pos_sl", u"数量", ValueKind::quantity, 80)),
             column(u"pos_dj", u"单价", ValueKind::price, 84),
@@ -187,7 +187,7 @@ QWidget *TF_Posxs::makeHints() {
 void TF_Posxs::fillHints() {
     QStringList hints;
     for (const CounterKey &key : m_settings.keys) {
-        const bool isMember = key.function == QLatin1String("选择会员");
+        const bool isMember = key.function == u"选择会员";
         if (m_functions.contains(key.function) && (!isMember || m_members.areKept()))
             hints << nameOfVirtualKey(key.virtualKey) + u' ' + key.function;
     }
@@ -349,7 +349,7 @@ bool TF_Posxs::chooseHit(CounterFind &found) {
     TF_GridMsg choice(context(), QStringLiteral("TF_Posxs_Sele"), QStringLiteral("选择商品"),
                       {text(u"g_sn", u"商品编号", 110), text(u"g_name", u"商品名称", 220),
                        text(u"gg_name", u"规格", 110), text(u"dw_name", u"单位", 56),
-                       text(u"g_sccs", u"生产厂商", 180),
+                       text(u"g_sccs", u"生产厂商", 150),
                        column(u"kc_sl", u"库存", ValueKind::quantity, 90),
                        column(u"g_lsj", u"零售价", ValueKind::price, 90)},
                       list.take(), this);
