@@ -1,18 +1,13 @@
 #include "retail/forms/counter_printing.h"
 
-#include "base/capitals.h"
 #include "core/action.h"
 #include "core/session.h"
-#include "reports/pages.h"
-#include "reports/template_files.h"
 #include "retail/escpos_bytes.h"
-#include "ui/print_dialog.h"
+#include "ui/receipt_print.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QPointer>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QThreadPool>
@@ -20,51 +15,6 @@
 namespace jxc {
 
 namespace {
-
-const QString templateFile = QStringLiteral("posxsd.fr3");
-
-PrintValue amount(Decimal value) {
-    return {ValueKind::amount, value};
-}
-
-PrintData receiptData(const Session &session, const PrintSettings &settings, const ReceiptPaper &p,
-                      bool again) {
-    PrintData data = PrintData::of(session);
-    data.head = {{QStringLiteral("gl_djh"), p.number},
-                 {QStringLiteral("pos_xsrq"), p.time},
-                 {QStringLiteral("a_name"), p.cashier},
-                 {QStringLiteral("pos_note"), p.note},
-                 {QStringLiteral("pos_zlje"), amount(p.change)},
-                 {QStringLiteral("pos_yhje"), amount(p.discount + p.rounding)},
-                 {QStringLiteral("due"), amount(p.due)}};
-    for (const ReceiptPaper::Line &l : p.lines)
-        data.lines.push_back(
-            {{QStringLiteral("g_name"), l.name},
-             {QStringLiteral("dw_name"), l.unit},
-             {QStringLiteral("pos_dj"), {ValueKind::price, l.price}},
-             {QStringLiteral("pos_dzl"), {ValueKind::factor, l.discount}},
-             {QStringLiteral("zhdj"), {ValueKind::price, (l.price * l.discount).rounded(6)}},
-             {QStringLiteral("pos_sl"), {ValueKind::quantity, l.quantity}},
-             {QStringLiteral("pos_zje"), amount(l.total)}});
-    const ReceiptPaper::Member none;
-    const ReceiptPaper::Member &m = p.member ? *p.member : none;
-    data.vars = {{QStringLiteral("sTitle"), p.title()},
-                 {QStringLiteral("again"), again ? QStringLiteral("（重打）") : QString()},
-                 {QStringLiteral("yf"), amount(p.due)},
-                 {QStringLiteral("sf"), amount(p.tendered)},
-                 {QStringLiteral("hybh"), m.number},
-                 {QStringLiteral("hyname"), m.name},
-                 {QStringLiteral("hymobile"), m.mobile},
-                 {QStringLiteral("bt1"), settings.title1},
-                 {QStringLiteral("bt2"), settings.title2},
-                 {QStringLiteral("jz1"), settings.foot1},
-                 {QStringLiteral("jz2"), settings.foot2}};
-    if (p.member) {
-        data.vars.insert(QStringLiteral("hyye"), amount(m.balance));
-        data.vars.insert(QStringLiteral("hyjf"), {ValueKind::integer, m.points});
-    }
-    return data;
-}
 
 /// "COM1" as shops know it is the first serial line here; other names are devices.
 QString deviceOf(const QString &port) {
@@ -97,10 +47,16 @@ void CounterPrinting::print(const QString &number, bool again) {
             m_sender(printerOf(settings),
                      escPosReceipt(settings, paper, again).repeated(settings.copies));
         else
-            printByTemplate(settings, paper, again);
+            tellFault(printReceiptByTemplate(m_context, settings, paper, printerOf(settings), again,
+                                             m_window));
     } catch (const std::runtime_error &error) { // refusals and broken templates speak for users
         Q_EMIT failed(QString::fromUtf8(error.what()));
     }
+}
+
+void CounterPrinting::tellFault(const QString &text) {
+    if (!text.isEmpty())
+        Q_EMIT failed(text);
 }
 
 void CounterPrinting::printAfterPaying(const QString &number) {
@@ -124,33 +80,6 @@ void CounterPrinting::showAmount(Decimal shown, DisplayLight light) {
     const CounterSettings counter = CounterSettings::load(m_context.session);
     if (counter.customerDisplay && !counter.port.isEmpty())
         sendToPort(counter.port, displayBytes(shown, light));
-}
-
-void CounterPrinting::printByTemplate(const PrintSettings &settings, const ReceiptPaper &paper,
-                                      bool again) {
-    installTemplates(m_context.home);
-    const Pages pages = layOut(loadTemplate(m_context.home, templateFile),
-                               receiptData(m_context.session, settings, paper, again));
-    QPrinter printer(QPrinter::HighResolution);
-    const QString name = printerOf(settings);
-    if (settings.previews) {
-        QPrintPreviewDialog preview(&printer, m_window);
-        connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                [&](QPrinter *target) { (void)sendToPrinter(pages, {}, *target); });
-        preview.exec();
-        return;
-    }
-    if (name.isEmpty()) {
-        Q_EMIT failed(
-            QStringLiteral("没有找到打印机，小票%1没有打印，可以重打！").arg(paper.number));
-        return;
-    }
-    printer.setPrinterName(name);
-    printer.setDocName(paper.number);
-    printer.setCopyCount(settings.copies);
-    if (!sendToPrinter(pages, {}, printer))
-        Q_EMIT failed(QStringLiteral("打印机“%1”不能打印，小票%2没有打印，可以重打！")
-                          .arg(name, paper.number));
 }
 
 /// The spooler of the system takes the bytes as they are, and waits for the printer in our place.

@@ -31,7 +31,7 @@ Q_SIGNALS:
     void failed(const QString &text);
 
 private:
-    void printByTemplate(const PrintSettings &settings, const ReceiptPaper &paper, bool again);
+    void tellFault(const QString &text);
     void sendRaw(const QString &printer, const QByteArray &bytes);
     void sendToPort(const QString &port, const QByteArray &bytes);
     [[nodiscard]] QString printerOf(const PrintSettings &settings) const;
