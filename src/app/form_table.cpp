@@ -28,6 +28,9 @@
 #include "retail/forms/tf_sms.h"
 #include "retail/forms/tf_sms_cs.h"
 #include "retail/forms/tf_wxfk.h"
+#include "retail/forms/tf_posprinset.h"
+#include "retail/forms/tf_posxs.h"
+#include "retail/forms/tf_posxs_lsz.h"
 #include "services/forms/tf_backup.h"
 #include "services/forms/tf_backup2.h"
 #include "services/forms/tf_import.h"
@@ -87,6 +90,9 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Djcx>(QStringLiteral("TF_Djcx"));
     registry.add<TF_Jthcx>(QStringLiteral("TF_Jthcx"));
     registry.add<TF_Xsdjcx>(QStringLiteral("TF_Xsdjcx"));
+    registry.add<TF_Posxs>(QStringLiteral("TF_Posxs"));
+    registry.add<TF_Posxs_Lsz>(QStringLiteral("TF_Posxs_Lsz"));
+    registry.add<TF_PosPrinSet>(QStringLiteral("TF_PosPrinSet"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));
     registry.add<TF_Yskdj>(QStringLiteral("TF_Yskdj"));
     registry.add<TF_Ysksk>(QStringLiteral("TF_Ysksk"));

@@ -2,10 +2,12 @@
 
 #include "app/form_registry.h"
 #include "app/tf_loading.h"
+#include "app/tf_login.h"
 #include "app/tf_mainform.h"
 #include "core/account_set.h"
 #include "core/action.h"
 #include "db/creation.h"
+#include "db/upgrade.h"
 #include "retail/document_posting.h"
 
 #include <QCommandLineParser>
@@ -20,10 +22,11 @@ ProgramOptions readOptions(const QCoreApplication &application) {
     const QCommandLineOption database(QStringLiteral("database"),
                                       QStringLiteral("帐套：文件，或 postgresql://用户@服务器/库"),
                                       QStringLiteral("URL"));
-    parser.addOptions({home, database});
+    const QCommandLineOption counter(QStringLiteral("pos"), QStringLiteral("只打开收银台"));
+    parser.addOptions({home, database, counter});
     parser.addHelpOption();
     parser.process(application);
-    return {parser.value(home), parser.value(database)};
+    return {parser.value(home), parser.value(database), parser.isSet(counter)};
 }
 
 Program::Program(Application &application, ProgramOptions options)
@@ -55,6 +58,8 @@ bool Program::start() {
     m_application.setReconnect([this] { m_database->reconnectIfLost(); });
     m_registry = std::make_unique<FormRegistry>(*m_session, m_prompter, m_home);
     registerForms(*m_registry);
+    if (m_options.counter)
+        return showCounter();
     m_loading = std::make_unique<TF_Loading>();
     connect(m_loading.get(), &TF_Loading::finished, this, &Program::showMainForm);
     m_loading->FormActivate();
@@ -91,6 +96,24 @@ bool Program::offerNewAccountSet(const Location &location) {
         throw;
     }
     QApplication::restoreOverrideCursor();
+    return true;
+}
+
+/// A till has no main window: it logs in, loads what it needs and works until it is closed.
+/// Bringing an account set up to date is the main program's.
+bool Program::showCounter() {
+    if (needsUpgrade(*m_database)) {
+        m_prompter.inform(QStringLiteral("帐套是旧版本的，请先用主程序登录一次，再打开收银台！"),
+                          informCaption);
+        return false;
+    }
+    TF_Login login(m_registry->context(), {}, QStringLiteral("PosLogin"));
+    login.runModal();
+    if (!m_session->loginOk)
+        return false;
+    loadGlobals(*m_session);
+    Form *counter = m_registry->openForm(QStringLiteral("TF_Posxs"), {});
+    connect(counter, &QDialog::finished, &m_application, &QCoreApplication::quit);
     return true;
 }
 

@@ -17,7 +17,8 @@ class TF_MainForm;
 /// What stands on the command line.
 struct ProgramOptions {
     QString home;
-    QString database; ///< URL or path; empty: the embedded file below home
+    QString database;     ///< URL or path; empty: the embedded file below home
+    bool counter = false; ///< --pos: the counter alone
 };
 
 /// Reads the command line; answers help and mistakes itself, and ends the process then.
@@ -30,14 +31,15 @@ public:
     Program(Application &application, ProgramOptions options);
     ~Program() override;
 
-    /// Opens the account set and shows the splash. False when there is nothing to work on: it has
-    /// been told why.
+    /// Opens the account set and shows the splash, or the counter. False when there is nothing to
+    /// work on: it has been told why.
     [[nodiscard]] bool start();
 
 private:
     bool openAccountSet();
     bool offerNewAccountSet(const Location &location);
     void showMainForm();
+    bool showCounter();
 
     Application &m_application;
     ProgramOptions m_options;

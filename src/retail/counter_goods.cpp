@@ -2,7 +2,6 @@
 
 #include "core/session.h"
 #include "db/database.h"
-#include "master/goods_search.h"
 
 #include <algorithm>
 

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "master/goods_search.h"
 #include "retail/counter_input.h"
 #include "retail/counter_price.h"
 #include "retail/receipt.h"
 
 namespace jxc {
 
-class GoodsFinder;
 class Session;
-struct GoodsHit;
 
 /// What an input comes to: one goods, several to choose from, or none.
 struct CounterFind {

@@ -26,6 +26,8 @@ struct PrintSettings {
     /// Columns of a line of the receipt, a Chinese sign taking two.
     [[nodiscard]] int columns() const { return isWide ? 48 : 32; }
 
+    friend bool operator==(const PrintSettings &, const PrintSettings &) = default;
+
     static PrintSettings load(Database &db);
     /// Replaces the row; inside a transaction that is open.
     void store(Database &db) const;

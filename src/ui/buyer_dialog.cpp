@@ -1,7 +1,8 @@
+#include "ui/buyer_dialog.h"
+
 #include "base/identity_number.h"
 #include "core/session.h"
 #include "db/schema.h"
-#include "stock/buyers.h"
 #include "ui/document_dialogs.h"
 
 #include <QDialogButtonBox>
@@ -129,6 +130,15 @@ BuyerRecord buyerOf(const DraftLine &line) {
 
 } // namespace
 
+std::optional<BuyerRecord> askBuyer(const FormContext &context, const QString &goodsName,
+                                    const BuyerRecord &proposed, QWidget *parent) {
+    BuyerDialog dialog(context, goodsName, parent);
+    dialog.fill(proposed);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.buyer();
+}
+
 void registerBuyer(const FormContext &context, DocumentLines &lines, int row,
                    const QString &customer, QWidget *parent) {
     BuyerRecord proposed = buyerOf(lines.at(row).typed);
@@ -137,14 +147,13 @@ void registerBuyer(const FormContext &context, DocumentLines &lines, int row,
         proposed = buyerOf(lines.at(other).typed);
     if (proposed.name.isEmpty())
         proposed = lastBuyerOf(context.session, customer).value_or(BuyerRecord{});
-    BuyerDialog dialog(context, lines.at(row).info.name, parent);
-    dialog.fill(proposed);
-    if (dialog.exec() != QDialog::Accepted)
+    const auto buyer = askBuyer(context, lines.at(row).info.name, proposed, parent);
+    if (!buyer)
         return;
     for (int other = 0; other < lines.rowCount(); ++other) {
         const EditLine &line = lines.at(other);
         if (other == row || (line.info.restricted && line.typed.buyer.isEmpty()))
-            lines.change(other, [&](DraftLine &changed) { put(changed, dialog.buyer()); });
+            lines.change(other, [&](DraftLine &changed) { put(changed, *buyer); });
     }
 }
 

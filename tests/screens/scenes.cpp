@@ -3,6 +3,7 @@
 #include "app/tf_loading.h"
 #include "app/tf_login.h"
 #include "app/tf_mainform.h"
+#include "retail/forms/tf_posxs.h"
 #include "stock/forms/stock_panel.h"
 #include "stock/forms/tf_kccx.h"
 #include "support/windows.h"
@@ -114,6 +115,39 @@ void typeSale(FormRegistry &registry, Photographer &photographer) {
     drop(&sale);
 }
 
+/// A receipt that was paid, another one in the middle, with what opens over it.
+void typeCounter(FormRegistry &registry, Photographer &photographer) {
+    const Wares wares(registry.context().session.db());
+    auto *counter = qobject_cast<TF_Posxs *>(registry.openForm(QStringLiteral("TF_Posxs"), {}));
+    counter->setWindowState(Qt::WindowNoState);
+    counter->resize(smallScreen);
+    bringUp(counter);
+    const QStringList goods = wares.goods(1, false, 7);
+    enter(goods.value(0));
+    atNextDialog([](QWidget *) { enter(QStringLiteral("500")); });
+    enter();
+    for (const QString &one : goods)
+        enter(QStringLiteral("3*") + one);
+    press(Qt::Key_F12);
+    press(Qt::Key_Up);
+    photographer.takeDesk(counter, QStringLiteral("counter"));
+    dialogOver(photographer, *counter, QStringLiteral("counter_goods"));
+    enter(QStringLiteral("c"));
+    dialogOver(photographer, *counter, QStringLiteral("counter_pay"));
+    enter();
+    dialogOver(photographer, *counter, QStringLiteral("counter_discount"));
+    press(Qt::Key_F7);
+    atNextDialog([&](QWidget *) {
+        enter(registry.context().session.db().scalar(
+            QStringLiteral("select max(gl_djh) from jxc_posxsd")));
+        photographer.takeDesk(counter, QStringLiteral("counter_return"));
+        press(Qt::Key_Escape);
+    });
+    press(Qt::Key_F3);
+    press(Qt::Key_F8);
+    counter->done(0);
+}
+
 void typeReceipt(FormRegistry &registry, Photographer &photographer) {
     const Wares wares(registry.context().session.db());
     DocumentEditor &receipt = newDocument(registry, QStringLiteral("TF_Cgjh"));
@@ -210,6 +244,8 @@ void takeTyping(FormRegistry &registry, Photographer &photographer) {
         typeSale(registry, photographer);
     if (photographer.wantsOf(QStringLiteral("receipt")))
         typeReceipt(registry, photographer);
+    if (photographer.wantsOf(QStringLiteral("counter")))
+        typeCounter(registry, photographer);
 }
 
 } // namespace jxc::test
