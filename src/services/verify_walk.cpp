@@ -146,11 +146,12 @@ private:
             m_stock.setBook(m_place, m_book, m_running.cost, m_costIsKnown && !m_broken);
     }
 
-    /// Rows that follow from no line of a document: opening stock, and gifts, whose batches were
-    /// chosen when they went out.
-    [[nodiscard]] static bool isGiven(const Row &row) {
+    /// Rows that the documents' own check does not meet: opening stock, and gifts that an older
+    /// release numbered otherwise.
+    [[nodiscard]] bool isGiven(const Row &row) const {
         const QString flag = row.text(u"gl_flag");
-        return flag == QLatin1String("qc") || flag == QLatin1String("dh");
+        return flag == QLatin1String("qc") ||
+               (flag == QLatin1String("dh") && !m_codes.contains(row.text(u"gl_djh").left(2)));
     }
 
     /// Numbers that the documents' own check does not meet.

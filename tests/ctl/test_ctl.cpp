@@ -64,6 +64,8 @@ private Q_SLOTS:
     void verifyTellsDifferences();
     void importsLists_data() { addEngineRows(); }
     void importsLists();
+    void postsAndSettlesTheCounter_data() { addEngineRows(); }
+    void postsAndSettlesTheCounter();
     void backsUpAndRestores_data() { addEngineRows(); }
     void backsUpAndRestores();
     void copiesToTheServerAndBack();
@@ -330,6 +332,34 @@ void TestCtl::importsLists() {
     QCOMPARE(import({u"goods"_s, file}).exitCode, refused);
     QCOMPARE(import({u"goods"_s, file + u".none"_s}).exitCode, refused);
     QCOMPARE(import({u"nonsense"_s, file}).exitCode, usage);
+}
+
+void TestCtl::postsAndSettlesTheCounter() {
+    TestDatabase place(currentEngine());
+    Database &db = place.db();
+    db.execute(u"update jxc_jfsz set jf_mfje=10"_s);
+    db.insertRow(u"jxc_posxsd"_s, {{u"gl_djh"_s, u"XS26030110001"},
+                                   {u"hy_sn"_s, u"100001"},
+                                   {u"pos_xsrq"_s, u"2026-03-01 10:00:00"},
+                                   {u"pos_yfje"_s, 35},
+                                   {u"pos_sfje"_s, 40},
+                                   {u"pos_xj"_s, 40},
+                                   {u"pos_zlje"_s, 5}});
+    db.insertRow(u"jxc_posxssp"_s, {{u"gl_djh"_s, u"XS26030110001"},
+                                    {u"g_sn"_s, u"G1"},
+                                    {u"pos_sl"_s, 1},
+                                    {u"pos_zje"_s, 35}});
+    COMPARE_ANSWER(runCtlOn(place.url(), {u"post-receipt"_s, u"XS26030110001"_s, u"XS9"_s}),
+                   refused, u"XS26030110001 ok\nXS9 refused: 没有找到POS单据：XS9！\n"_s);
+    QCOMPARE(db.scalar(u"select hy_cs from jxc_hyxx where hy_sn='100001'"_s), u"1"_s);
+    COMPARE_ANSWER(runCtlOn(place.url(), {u"post-receipt"_s, u"XS26030110001"_s}), refused,
+                   u"XS26030110001 refused: 单据XS26030110001的会员积分已经过账！\n"_s);
+    const CtlAnswer settled = runCtlOn(place.url(), {u"--yes"_s, u"settle"_s});
+    QVERIFY2(settled.exitCode == done, qPrintable(settled.shown()));
+    const QString number = db.scalar(u"select pos_rjid from jxc_posxsd"_s);
+    QCOMPARE(settled.out, number + u" ok\n"_s);
+    QCOMPARE(runCtlOn(place.url(), {u"--yes"_s, u"settle"_s}).exitCode, refused);
+    COMPARE_ANSWER(runCtlOn(place.url(), {u"verify"_s}), done, u"0 differences\n"_s);
 }
 
 void TestCtl::backsUpAndRestores() {

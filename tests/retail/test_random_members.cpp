@@ -4,6 +4,7 @@
 #include "retail/member_figures.h"
 #include "retail/member_reference.h"
 #include "retail/member_shop.h"
+#include "retail/points_exchange.h"
 #include "retail/recharge.h"
 #include "services/verify.h"
 
@@ -29,6 +30,9 @@ public:
                                                          {QStringLiteral("hh_yh1"), 0}});
         m_shop.post(QStringLiteral("CJ"), day(1),
                     {line(u"G1", 100'000, 100), line(u"G2", 100'000, 100)});
+        m_shop.addGoods(QStringLiteral("Z1"),
+                        {{QStringLiteral("g_iszp"), 1}, {QStringLiteral("g_zpjf"), 4}});
+        m_shop.post(QStringLiteral("CJ"), day(1), {line(u"Z1", 30, 250)});
         changeRules();
     }
 
@@ -42,7 +46,9 @@ public:
             cancel();
         else if (what < 88)
             recharge();
-        else if (what < 93)
+        else if (what < 91)
+            exchange();
+        else if (what < 94)
             correct();
         else
             changeRules();
@@ -96,11 +102,12 @@ private:
             QStringLiteral("jxc_hyyh"),
             {{QStringLiteral("hh_yh2"), yuan(r.every)}, {QStringLiteral("hh_yh3"), yuan(r.gives)}},
             QStringLiteral("hh_sn='R'"), {});
-        db.updateRows(QStringLiteral("jxc_hyxx"),
-                      {{QStringLiteral("hh_sn"), u"R"},
-                       {QStringLiteral("hy_sj"), r.follows},
-                       {QStringLiteral("hy_sr"), QString(QStringLiteral("1966") + day(r.born).mid(4))}},
-                      QStringLiteral("hy_sn=?"), {m_shop.member});
+        db.updateRows(
+            QStringLiteral("jxc_hyxx"),
+            {{QStringLiteral("hh_sn"), u"R"},
+             {QStringLiteral("hy_sj"), r.follows},
+             {QStringLiteral("hy_sr"), QString(QStringLiteral("1966") + day(r.born).mid(4))}},
+            QStringLiteral("hy_sn=?"), {m_shop.member});
         m_shop.set(QStringLiteral("cs_tjcyjf"), r.specialsEarn ? 1 : 0);
     }
 
@@ -145,6 +152,22 @@ private:
             m_shop.session, m_shop.user,
             {.member = m_shop.member, .amount = yuan(amount), .cash = yuan(amount)}, &receipt));
         m_member.recharge(m_rules, amount);
+    }
+
+    /// Gifts for points, of which every third exchange is taken back.
+    void exchange() {
+        const int quantity = number(1, 3);
+        PointsExchange wanted{day(number(2, 28)), m_shop.member, administratorNo};
+        wanted.lines = {{QStringLiteral("Z1"), quantity}};
+        QString document;
+        const Outcome outcome = exchangePoints(m_shop.session, m_shop.user, wanted, &document);
+        QCOMPARE(outcome.isDone(), m_member.points >= quantity * 4);
+        if (!outcome.isDone())
+            return;
+        if (chance(33))
+            Shop::demand(undoPointsExchange(m_shop.session, m_shop.user, document));
+        else
+            m_member.points -= quantity * 4;
     }
 
     void correct() {
@@ -228,6 +251,25 @@ void TestRandomMembers::wrongReceipts() {
     breaks(line.arg(u"pos_zje=11"), line.arg(u"pos_zje=10"),
            QStringLiteral("应付金额为 10，应为 11"));
     breaks(line.arg(u"pos_sl=3"), line.arg(u"pos_sl=2"), QStringLiteral("日结单 ") + settlement);
+
+    RechargeReceipt money;
+    Shop::demand(rechargeMember(shop.session, shop.user,
+                                {.member = shop.member, .amount = 20, .cash = 20}, &money));
+    const QString cash = QStringLiteral(
+        "update jxc_xjyh set xj_kmmc='%1' where xj_je=20 and '%2'<>? and gl_djh='%2'");
+    breaks(cash.arg(QStringLiteral("工行帐号"), money.number),
+           cash.arg(QStringLiteral("现金"), money.number), money.number);
+    QString exchange;
+    Shop::demand(correctPoints(shop.session, shop.user, shop.member, 1'000));
+    Shop::demand(exchangePoints(shop.session, shop.user,
+                                {.date = day(9),
+                                 .member = shop.member,
+                                 .warehouse = administratorNo,
+                                 .lines = {{QStringLiteral("Z1"), 2}}},
+                                &exchange));
+    const QString gifts =
+        QStringLiteral("update jxc_dhzp set dh_sl=%1 where '%2'<>? and gl_djh='%2'");
+    breaks(gifts.arg(u"3", exchange), gifts.arg(u"2", exchange), exchange);
 }
 
 QTEST_GUILESS_MAIN(TestRandomMembers)

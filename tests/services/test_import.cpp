@@ -77,6 +77,8 @@ private Q_SLOTS:
     void uniqueAndOwnBarcodes();
     void opensBalances_data() { addEngineRows(); }
     void opensBalances();
+    void membersComeIn_data() { addEngineRows(); }
+    void membersComeIn();
     void allOrNothing_data() { addEngineRows(); }
     void allOrNothing();
 };
@@ -262,6 +264,37 @@ void TestImport::opensBalances() {
     QCOMPARE(shop.take(shop.request(u"suppliers"_qs, u"供应商|期初\n江南农化|300"_qs)),
              QStringList{done(1)});
     QCOMPARE(shop.balance(Partner::Kind::supplier, u"100002"_qs), u"300"_qs);
+}
+
+/// A member is known again by the card, else by name and mobile; cards without a number get one.
+void TestImport::membersComeIn() {
+    ImportShop shop;
+    const QString list = u"卡号|姓名|手机|生日|积分|储值余额|入会日期\n"
+                         "100001|王大田|138|1980/3/5|120|50.5|20200131\n"
+                         "|李四|139||||\n"
+                         "|李四|137||||\n"
+                         "|李四|139||||\n"
+                         "A9|赵六||三月五日|||\n"
+                         "A8|钱七|||12.5||\n"
+                         "A7|孙八||||-1|"_qs;
+    QCOMPARE(shop.take(shop.request(u"members"_qs, list)),
+             QStringList({done(3, 4), u"会员姓名重复"_qs, u"出生日期格式不正确"_qs,
+                          u"会员积分格式不正确"_qs, u"卡内金额格式不正确"_qs}));
+    QCOMPARE(shop.texts(u"select hy_sn,hy_bh,hy_name,hy_jm,hy_sr,hy_jrrq,hl_sn,hh_sn,hy_sj from "
+                        "jxc_hyxx where hy_bh<>'0000' order by id"_qs),
+             QStringList({u"100002|100001|王大田|WDT|1980-03-05|2020-01-31|100001|100001|1"_qs,
+                          u"100003|100002|李四|LS||2026-03-31|100001|100001|1"_qs,
+                          u"100004|100003|李四|LS||2026-03-31|100001|100001|1"_qs}));
+    QCOMPARE(shop.figures(u"select hy_jf,hy_zjf,hy_zhje,hy_zje,hy_cs from jxc_hyxx where "
+                          "hy_bh='100001'"_qs),
+             u"120 120 50.5 0 0"_qs);
+    // Figures of members who are there are the shop's own.
+    QCOMPARE(shop.take(shop.request(u"members"_qs, u"卡号|姓名|手机|积分\n100001|王大田|136|9"_qs,
+                                    KnownRows::update)),
+             QStringList{done(1)});
+    QCOMPARE(shop.texts(u"select hy_mobile from jxc_hyxx where hy_bh='100001'"_qs),
+             QStringList{u"136"_qs});
+    QCOMPARE(shop.figures(u"select hy_jf from jxc_hyxx where hy_bh='100001'"_qs), u"120"_qs);
 }
 
 void TestImport::allOrNothing() {
