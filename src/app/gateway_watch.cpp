@@ -13,6 +13,17 @@ namespace {
 constexpr int paymentInterval = 5 * 60'000;
 constexpr int messageInterval = 60'000;
 
+/// Nobody waits for what is done here: a server that went away is told by the next thing that
+/// somebody does.
+template<class Action>
+void quietly(const Action &action) {
+    try {
+        action();
+    } catch (const std::exception &fault) {
+        qWarning("%s", fault.what());
+    }
+}
+
 } // namespace
 
 GatewayWatch::GatewayWatch(const FormContext &context, QObject *parent)
@@ -24,16 +35,16 @@ GatewayWatch::GatewayWatch(const FormContext &context, QObject *parent)
     , m_sms(context.session, context.prompter, context.home) {
     m_payments.setInterval(paymentInterval);
     m_messages.setInterval(messageInterval);
-    connect(&m_payments, &QTimer::timeout, this, &GatewayWatch::askForPayments);
-    connect(&m_messages, &QTimer::timeout, this, &GatewayWatch::sendMessages);
+    connect(&m_payments, &QTimer::timeout, this, [this] { quietly([this] { askForPayments(); }); });
+    connect(&m_messages, &QTimer::timeout, this, [this] { quietly([this] { sendMessages(); }); });
     connect(&m_wallet, &WalletGateway::allResolved, this, &GatewayWatch::tell);
 }
 
 void GatewayWatch::start() {
     m_payments.start();
     m_messages.start();
-    askForPayments();
-    sendMessages();
+    quietly([this] { askForPayments(); });
+    quietly([this] { sendMessages(); });
 }
 
 void GatewayWatch::askForPayments() {

@@ -93,11 +93,11 @@ void TF_Sms_Send::next() {
         if (sendSms(message->text, message->mobile, settled))
             return;
         throw Refusal(QStringLiteral("短信通知没有启用，或短信参数不完整"));
-    } catch (const Refusal &refusal) {
+    } catch (const std::exception &fault) { // no address, or the server of the data went away
         putBack(m_session, m_prompter, id, *message);
         ++m_report.waiting;
         stop();
-        endWith(refusal.text());
+        endWith(QString::fromUtf8(fault.what()));
     }
 }
 

@@ -5,16 +5,8 @@
 #include "ui/period_bar.h"
 
 #include <QAction>
-#include <QTimer>
 
 namespace jxc {
-
-namespace {
-
-/// Longer than a gap between two keys of a typist, shorter than a wait.
-constexpr int searchDelay = 120;
-
-} // namespace
 
 void tellNoRow(Prompter &prompter) {
     prompter.inform(QStringLiteral("请先选择一条记录！"), informCaption);
@@ -24,14 +16,11 @@ ListForm::ListForm(const FormContext &context, const QString &className, const Q
                    QWidget *parent)
     : Form(context, className, title, parent)
     , m_actions(new ActionBar(this))
-    , m_search(new QLineEdit(this))
+    , m_search(new SearchBox(this))
     , m_filters(new QHBoxLayout)
     , m_body(new QHBoxLayout)
     , m_grid(new Grid(context, className, {}, this)) {
     m_search->setPlaceholderText(QStringLiteral("查找 F3：编号、名称、简码"));
-    m_search->setFixedWidth(240);
-    m_search->setClearButtonEnabled(true);
-    m_search->setMaxLength(100);
     m_actions->addRight(m_search);
     m_grid->setTitle(title);
     m_filters->setSpacing(8);
@@ -43,27 +32,8 @@ ListForm::ListForm(const FormContext &context, const QString &className, const Q
     layout->addLayout(m_body, 1);
     m_body->addWidget(m_grid, 1);
 
-    auto *find = new QAction(this);
-    find->setShortcut(Qt::Key_F3);
-    ListForm::QWidget::addAction(find);
-    connect(find, &QAction::triggered, this, [this] {
-        m_search->setFocus();
-        m_search->selectAll();
-    });
-    auto *delay = new QTimer(this);
-    delay->setSingleShot(true);
-    delay->setInterval(searchDelay);
-    connect(m_search, &QLineEdit::textEdited, delay, qOverload<>(&QTimer::start));
-    connect(delay, &QTimer::timeout, this, &ListForm::refresh);
-    connect(m_search, &QLineEdit::textChanged, this, [this, delay](const QString &text) {
-        if (text.isEmpty() && !delay->isActive())
-            refresh();
-    });
-    connect(m_search, &QLineEdit::returnPressed, this, [this, delay] {
-        delay->stop();
-        refresh();
-        m_grid->setFocus();
-    });
+    connect(m_search, &SearchBox::searched, this, &ListForm::refresh);
+    connect(m_search, &SearchBox::confirmed, m_grid, qOverload<>(&QWidget::setFocus));
     resize(1280, 680);
     setFillsParent(true);
 }

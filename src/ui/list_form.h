@@ -3,6 +3,7 @@
 #include "ui/action_bar.h"
 #include "ui/form.h"
 #include "ui/grid.h"
+#include "ui/search_box.h"
 
 class QBoxLayout;
 class QHBoxLayout;
@@ -46,7 +47,7 @@ protected:
 
 private:
     ActionBar *m_actions;
-    QLineEdit *m_search;
+    SearchBox *m_search;
     QBoxLayout *m_filters;
     QHBoxLayout *m_body;
     Grid *m_grid;

@@ -3,9 +3,9 @@
 #include "core/session.h"
 #include "ui/grid.h"
 #include "ui/list_form.h"
+#include "ui/search_box.h"
 
 #include <QAction>
-#include <QTimer>
 
 namespace jxc {
 
@@ -21,13 +21,10 @@ ListPage::ListPage(Form &form, const QString &name, const QString &title, Column
     , m_form(form)
     , m_read(std::move(read))
     , m_actions(new ActionBar(this))
-    , m_search(new QLineEdit(this))
+    , m_search(new SearchBox(this))
     , m_filters(new QHBoxLayout)
     , m_grid(new Grid(form.context(), name, std::move(columns), this)) {
     m_grid->setTitle(title);
-    m_search->setFixedWidth(240);
-    m_search->setClearButtonEnabled(true);
-    m_search->setMaxLength(100);
     m_actions->addRight(m_search);
     m_filters->setSpacing(8);
     m_filters->addStretch(1);
@@ -37,25 +34,8 @@ ListPage::ListPage(Form &form, const QString &name, const QString &title, Column
     column->addWidget(m_actions);
     column->addLayout(m_filters);
     column->addWidget(m_grid, 1);
-
-    auto *find = new QAction(this);
-    find->setShortcut(Qt::Key_F3);
-    QWidget::addAction(find);
-    connect(find, &QAction::triggered, this, [this] {
-        m_search->setFocus();
-        m_search->selectAll();
-    });
-    // A list of thousands is not read at every key.
-    auto *pause = new QTimer(this);
-    pause->setSingleShot(true);
-    pause->setInterval(120);
-    connect(m_search, &QLineEdit::textChanged, pause, qOverload<>(&QTimer::start));
-    connect(pause, &QTimer::timeout, this, &ListPage::refresh);
-    connect(m_search, &QLineEdit::returnPressed, this, [this, pause] {
-        pause->stop();
-        refresh();
-        m_grid->setFocus();
-    });
+    connect(m_search, &SearchBox::searched, this, &ListPage::refresh);
+    connect(m_search, &SearchBox::confirmed, m_grid, qOverload<>(&QWidget::setFocus));
 }
 
 void ListPage::refresh() {

@@ -7,11 +7,11 @@
 #include "ui/period_bar.h"
 
 class QHBoxLayout;
-class QLineEdit;
 
 namespace jxc {
 
 class Grid;
+class SearchBox;
 
 /// A list on one page of a form with several: buttons, search, period, grid. Its keys work while
 /// the page is in front.
@@ -26,7 +26,7 @@ public:
              Reader read);
 
     [[nodiscard]] Grid &grid() const { return *m_grid; }
-    [[nodiscard]] QLineEdit &searchBox() const { return *m_search; }
+    [[nodiscard]] SearchBox &searchBox() const { return *m_search; }
     /// Reads anew and stays on the row it was on.
     void refresh();
 
@@ -47,7 +47,7 @@ private:
     Form &m_form;
     Reader m_read;
     ActionBar *m_actions;
-    QLineEdit *m_search;
+    SearchBox *m_search;
     QHBoxLayout *m_filters;
     Grid *m_grid;
 };

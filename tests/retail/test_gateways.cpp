@@ -326,6 +326,12 @@ void TestGateways::resolvesAfterACrash() {
         till.wallet->pay({u"PS26033110002"_qs, 1, code});
         QCOMPARE(till.wait(before).words, u"该付款码已经使用过，请顾客刷新付款码！"_qs);
     }
+    const auto other = till.place.connect();
+    Session second(*other, till.clock); // the counter next to it
+    WalletAttempt attempt;
+    QCOMPARE(
+        beginPayment(second, till.user, {number, 12.34_d, u"234567890123456789"_qs}, &attempt).kind,
+        Outcome::Kind::refused);
     QCOMPARE(till.server.arrived.size(), 1U);
 
     // So soon after it the gateway may just not have it yet.

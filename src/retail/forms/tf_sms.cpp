@@ -8,11 +8,11 @@
 #include "retail/sms_text.h"
 #include "ui/grid.h"
 #include "ui/list_page.h"
+#include "ui/search_box.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -172,6 +172,9 @@ QWidget *TF_Sms::makeSentPage() {
     m_sent->addAction(QStringLiteral("btnSettings"), QStringLiteral("短信参数"), Qt::Key_F4,
                       [this] { btnSettingsClick(); });
     m_sent->addCommonActions();
+    m_sent->grid().model().setTone([](const Row &row, const ColumnSpec &) {
+        return row.text(u"sms_rq").isEmpty() ? Tone::warning : Tone::plain;
+    });
     m_period = m_sent->addPeriodBar(PeriodChoice::thisMonth);
     return m_sent;
 }

@@ -5,6 +5,7 @@
 #include "ui/formats.h"
 #include "ui/grid.h"
 #include "ui/list_page.h"
+#include "ui/search_box.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -140,6 +141,11 @@ QWidget *TF_Wxfk::makeRecordPage() {
         QStringLiteral("btnUnpaid"), QStringLiteral("记为未付"), Qt::Key_F8,
         [this] { closeByHand(); }, true);
     m_records->addCommonActions();
+    m_records->grid().model().setTone([](const Row &row, const ColumnSpec &) {
+        if (row.text(u"wx_flag") == u"fkcx")
+            return Tone::quiet;
+        return row.text(u"err_code") == walletOpenCode ? Tone::warning : Tone::plain;
+    });
     m_period = m_records->addPeriodBar(PeriodChoice::today);
     return m_records;
 }
