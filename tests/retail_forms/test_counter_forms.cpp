@@ -281,6 +281,10 @@ void TestCounterForms::printerThatIsOffStopsNothing() {
     enter();
     QCOMPARE(desk.texts(u"select count(*) from jxc_posxsd"_qs), QStringList{u"1"_qs});
     QTRY_VERIFY(child<QLabel>(form, u"message"_qs)->text().contains(u"可以重打"_qs));
+    // The same by template.
+    desk.db.execute(u"update jxc_posprint set pp_dyfs=0"_qs);
+    press(Qt::Key_F5);
+    QVERIFY(child<QLabel>(form, u"message"_qs)->text().startsWith(u"没有找到打印机，小票XS"_qs));
     press(Qt::Key_Escape);
 }
 

@@ -144,6 +144,10 @@ void typeCounter(FormRegistry &registry, Photographer &photographer) {
         press(Qt::Key_Escape);
     });
     press(Qt::Key_F3);
+    registry.context().session.db().execute(
+        QStringLiteral("update jxc_posprint set pp_dyfs=0,pp_zjdy=1"));
+    dialogOver(photographer, *counter, QStringLiteral("counter_preview"));
+    press(Qt::Key_F5);
     press(Qt::Key_F8);
     counter->done(0);
 }

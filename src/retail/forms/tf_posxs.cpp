@@ -29,7 +29,7 @@ namespace {
 ColumnSpecs lineColumns() {
     return {column(u"no", u"行", ValueKind::integer, 48),
             text(u"g_sn", u"商品编号", 110),
-            text(u"g_name", u"商品名称", 220),
+            text(u"g_name", u"商品名称", 204),
             text(u"gg_name", u"规格", 96),
             text(u"dw_name", u"单位", 56),
             summed(column(u"pos_sl", u"数量", ValueKind::quantity, 80)),
@@ -44,7 +44,7 @@ Rows lineRows(const Receipt &receipt, int decimals) {
                   u"pos_dzl", u"pos_zhdj", u"pos_zje"});
     qint64 no = 0;
     for (const ReceiptLine &l : receipt.lines)
-        list.add({++no, l.goods, l.isGift ? l.name + giftMark : l.name, l.specification, l.unit,
+        list.add({++no, l.goods, l.isGift ? giftMark + l.name : l.name, l.specification, l.unit,
                   l.quantity, l.isGift ? Decimal() : l.price, l.discount,
                   l.isGift ? Decimal() : (l.price * l.discount).rounded(6), l.total(decimals)});
     return list.take();
@@ -347,7 +347,7 @@ bool TF_Posxs::chooseHit(CounterFind &found) {
         list.add({no++, hit.code, hit.name, hit.specification, hit.unit, hit.maker, hit.stock,
                   hit.retailPrice});
     TF_GridMsg choice(context(), QStringLiteral("TF_Posxs_Sele"), QStringLiteral("选择商品"),
-                      {text(u"g_sn", u"商品编号", 110), text(u"g_name", u"商品名称", 220),
+                      {text(u"g_sn", u"商品编号", 110), text(u"g_name", u"商品名称", 204),
                        text(u"gg_name", u"规格", 110), text(u"dw_name", u"单位", 56),
                        text(u"g_sccs", u"生产厂商", 150),
                        column(u"kc_sl", u"库存", ValueKind::quantity, 90),
