@@ -25,6 +25,9 @@
 #include "money/forms/tf_yskdj.h"
 #include "money/forms/tf_yskgl.h"
 #include "money/forms/tf_ysksk.h"
+#include "retail/forms/tf_sms.h"
+#include "retail/forms/tf_sms_cs.h"
+#include "retail/forms/tf_wxfk.h"
 #include "services/forms/tf_backup.h"
 #include "services/forms/tf_backup2.h"
 #include "services/forms/tf_import.h"
@@ -98,6 +101,9 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Yhzh>(QStringLiteral("TF_Yhzh"));
     registry.add<TF_WlzwGhs>(QStringLiteral("TF_WlzwGhs"));
     registry.add<TF_WlzwKh>(QStringLiteral("TF_WlzwKh"));
+    registry.add<TF_Sms>(QStringLiteral("TF_Sms"));
+    registry.add<TF_Sms_Cs>(QStringLiteral("TF_Sms_Cs"));
+    registry.add<TF_Wxfk>(QStringLiteral("TF_Wxfk"));
     registry.add<TF_Admin>(QStringLiteral("TF_Admin"));
     registry.add<TF_Role>(QStringLiteral("TF_Role"));
     registry.add<TF_PwdModi>(QStringLiteral("TF_PwdModi"));

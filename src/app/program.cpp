@@ -6,6 +6,7 @@
 #include "core/account_set.h"
 #include "core/action.h"
 #include "db/creation.h"
+#include "retail/document_posting.h"
 
 #include <QCommandLineParser>
 
@@ -50,6 +51,7 @@ bool Program::start() {
     for (const QString &warning : m_database->warnings())
         m_prompter.inform(warning, informCaption);
     m_session = std::make_unique<Session>(*m_database, m_clock);
+    m_session->members = &documentPosting();
     m_application.setReconnect([this] { m_database->reconnectIfLost(); });
     m_registry = std::make_unique<FormRegistry>(*m_session, m_prompter, m_home);
     registerForms(*m_registry);

@@ -92,10 +92,10 @@ QWidget *TF_Login::makeFields() {
     fields->addRow(QStringLiteral("密　码"), m_password);
     fields->addRow(QString(), m_hint);
 
-    auto *ok = new QPushButton(QStringLiteral("登录 (F5)"));
+    auto *ok = new QPushButton(QStringLiteral("登录 F5"));
     ok->setObjectName(QStringLiteral("btnOK"));
     ok->setDefault(true);
-    auto *cancel = new QPushButton(QStringLiteral("取消 (Esc)"));
+    auto *cancel = new QPushButton(QStringLiteral("取消 Esc"));
     cancel->setObjectName(QStringLiteral("btnCancel"));
     cancel->setAutoDefault(false);
     connect(ok, &QPushButton::clicked, this, &TF_Login::btnOKClick);

@@ -56,6 +56,7 @@ TF_MainForm::TF_MainForm(FormRegistry &registry, int reminderDelay)
     , m_prompter(registry.context().prompter)
     , m_reminderDelay(reminderDelay)
     , m_backups(m_session)
+    , m_gateways(registry.context())
     , m_rail(new MenuRail)
     , m_title(new QLabel)
     , m_find(new QLineEdit)
@@ -193,6 +194,7 @@ void TF_MainForm::FormActivate() {
     refreshMonth();
     setWindowTitle(QStringLiteral("农资进销存管理系统 [%1] ").arg(m_session.company.shortName));
     m_backups.start();
+    m_gateways.start();
     if (isFirst)
         QTimer::singleShot(m_reminderDelay, this, &TF_MainForm::Timer1Timer);
 }

@@ -2,6 +2,7 @@
 
 #include "app/backup_watch.h"
 #include "app/dispatch.h"
+#include "app/gateway_watch.h"
 
 #include <QMainWindow>
 
@@ -44,6 +45,7 @@ public:
     [[nodiscard]] CardBoard &board() { return *m_board; }
     [[nodiscard]] StatusPanes &panes() { return *m_panes; }
     [[nodiscard]] BackupWatch &backups() { return m_backups; }
+    [[nodiscard]] GatewayWatch &gateways() { return m_gateways; }
     [[nodiscard]] int currentGroup() const { return m_group; }
 
 Q_SIGNALS:
@@ -78,6 +80,7 @@ private:
     Prompter &m_prompter;
     int m_reminderDelay;
     BackupWatch m_backups;
+    GatewayWatch m_gateways;
     MenuRail *m_rail;
     QLabel *m_title;
     QLineEdit *m_find;

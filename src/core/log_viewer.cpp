@@ -6,18 +6,14 @@
 
 namespace jxc {
 
-std::vector<LogEntry> searchLog(const Session &session, const QString &from, const QString &to,
-                                const QString &text) {
+Rows searchLog(const Session &session, const QString &from, const QString &to,
+               const QString &text) {
     const QString part = containsPattern(text);
-    std::vector<LogEntry> entries;
-    for (const Row &row : session.db().rows(
-             QStringLiteral("select id,log_time,a_name,log_note from jxc_log where log_time>=? and "
-                            "log_time<=? and (%1 or %2) order by id desc")
-                 .arg(contains(QStringLiteral("log_note")), contains(QStringLiteral("a_name"))),
-             {from, QString(to + QStringLiteral(" 23:59:59")), part, part}))
-        entries.push_back({row.integer(u"id"), row.text(u"log_time"), row.text(u"a_name"),
-                           row.text(u"log_note")});
-    return entries;
+    return session.db().rows(
+        QStringLiteral("select id,log_time,a_name,log_note from jxc_log where log_time>=? and "
+                       "log_time<=? and (%1 or %2) order by id desc")
+            .arg(contains(QStringLiteral("log_note")), contains(QStringLiteral("a_name"))),
+        {from, QString(to + QStringLiteral(" 23:59:59")), part, part});
 }
 
 bool mayClearLog(const Session &session) {

@@ -1,22 +1,16 @@
 #pragma once
 
 #include "core/action.h"
+#include "db/row.h"
 
 namespace jxc {
 
 class Session;
 
-struct LogEntry {
-    qint64 id = 0;
-    QString time; ///< "yyyy-MM-dd hh:mm:ss"
-    QString operatorName;
-    QString note;
-};
-
 /// The entries of whole days ("yyyy-MM-dd", both included) whose note or operator contains the
-/// text, newest first.
-[[nodiscard]] std::vector<LogEntry> searchLog(const Session &session, const QString &from,
-                                              const QString &to, const QString &text);
+/// text, newest first: id, log_time, a_name, log_note.
+[[nodiscard]] Rows searchLog(const Session &session, const QString &from, const QString &to,
+                             const QString &text);
 
 /// Whether the current operator sees the button that clears the log.
 [[nodiscard]] bool mayClearLog(const Session &session);

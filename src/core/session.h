@@ -8,6 +8,7 @@
 namespace jxc {
 
 class Database;
+class DocumentMembers;
 
 /// The company's own row.
 struct Company {
@@ -60,6 +61,10 @@ public:
     Parameters parameters;
     BackupSettings backup;
     CachedRights rights;
+
+    /// Who keeps the members that documents name (stock/document_members.h); set where the program
+    /// is put together.
+    const DocumentMembers *members = nullptr;
 
 private:
     Database *m_db;

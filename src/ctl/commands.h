@@ -19,6 +19,8 @@ ExitCode upgrade(Context &);
 ExitCode approve(Context &);
 ExitCode cancel(Context &);
 ExitCode batch(Context &);
+ExitCode postReceipts(Context &);
+ExitCode settle(Context &);
 ExitCode verify(Context &);
 ExitCode importFile(Context &);
 ExitCode backup(Context &);

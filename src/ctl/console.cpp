@@ -40,6 +40,11 @@ QString oneLine(const QString &text) {
     return text.trimmed().replace(breaks, QStringLiteral(" / "));
 }
 
+void sayOutcome(const QString &number, const Outcome &outcome) {
+    say(outcome.isDone() ? number + QStringLiteral(" ok")
+                         : QStringLiteral("%1 refused: %2").arg(number, oneLine(outcome.text)));
+}
+
 QString askPassword(const QString &prompt) {
 #ifdef Q_OS_UNIX
     if (isatty(STDIN_FILENO) == 0)

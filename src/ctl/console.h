@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/action.h"
 #include "core/prompter.h"
 
 namespace jxc::ctl {
@@ -10,6 +11,8 @@ void say(const QString &line);
 void complain(const QString &line);
 /// A text of several lines on one: " / " stands for the breaks.
 [[nodiscard]] QString oneLine(const QString &text);
+/// How it went with a document: "NUMBER ok" or "NUMBER refused: TEXT".
+void sayOutcome(const QString &number, const Outcome &outcome);
 /// Asks for a password without showing it; empty when there is no terminal.
 [[nodiscard]] QString askPassword(const QString &prompt);
 

@@ -2,6 +2,7 @@
 
 #include "core/account_set.h"
 #include "core/login.h"
+#include "retail/document_posting.h"
 #include "services/opening.h"
 
 namespace jxc::ctl {
@@ -53,6 +54,7 @@ Session &Context::session() {
     if (m_session)
         return *m_session;
     auto session = std::make_unique<Session>(database(), m_clock);
+    session->members = &documentPosting();
     const Opening opening = openSession(*session, m_options.operatorName, password(*session));
     if (!opening.outcome.isDone())
         throw Refusal(opening.outcome.text);

@@ -5,6 +5,7 @@
 #include "db/creation.h"
 #include "db/transaction.h"
 #include "money/cash_journal.h"
+#include "retail/document_posting.h"
 #include "services/demo_data.h"
 #include "services/demo_trade.h"
 #include "services/opening.h"
@@ -64,6 +65,7 @@ Shop openShop(Context &context, const QDate &firstDay, int goods) {
         throw Refusal(QStringLiteral("已有帐套，不能用演示数据覆盖：%1").arg(location.display()));
     shop.clock = std::make_unique<FixedClock>(QDateTime(firstDay, QTime(8, 0)));
     shop.session = std::make_unique<Session>(*shop.db, *shop.clock);
+    shop.session->members = &documentPosting();
     Transaction transaction(*shop.db);
     resetAllTables(*shop.db, firstDay);
     shop.db->execute(QStringLiteral("update jxc_company set c_name=?,c_jc=?"),

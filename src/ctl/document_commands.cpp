@@ -22,8 +22,7 @@ ExitCode handle(Context &context, Step step, const QString &number) {
     else
         outcome = step == Step::approve ? approveDocument(session, prompter, number)
                                         : cancelDocument(session, prompter, number);
-    say(outcome.isDone() ? number + QStringLiteral(" ok")
-                         : QStringLiteral("%1 refused: %2").arg(number, oneLine(outcome.text)));
+    sayOutcome(number, outcome);
     return exitCodeOf(outcome);
 }
 

@@ -20,9 +20,12 @@ const std::vector<Command> &commands() {
         {QStringLiteral("cancel"), QStringLiteral("NUMBER…  取消审核"), cancel},
         {QStringLiteral("batch"), QStringLiteral("FILE|-  逐行执行 approve NUMBER / cancel NUMBER"),
          batch},
+        {QStringLiteral("post-receipt"), QStringLiteral("NUMBER…  把收银单据记到会员账上"),
+         postReceipts},
+        {QStringLiteral("settle"), QStringLiteral(" POS日结"), settle},
         {QStringLiteral("verify"), QStringLiteral("[--all]  用已审核单据核对全部帐目"), verify},
         {QStringLiteral("import"),
-         QStringLiteral("goods|suppliers|customers FILE [--update]  从 xlsx、xls 或 csv "
+         QStringLiteral("goods|suppliers|customers|members FILE [--update]  从 xlsx、xls 或 csv "
                         "导入；已存在的跳过或更新"),
          importFile},
         {QStringLiteral("backup"), QStringLiteral("[DIR]  备份，其他人可以继续工作"), backup},

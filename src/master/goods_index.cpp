@@ -19,7 +19,7 @@ const QString selectEntry =
     QStringLiteral(
         "select id,g_sn,g_jm,g_name,g_tym,g_sccs,color_name,g_cgpl,g_xspl from jxc_goods where "
         "coalesce(g_jy,0)=0 and g_sn<>'%1' and ")
-        .arg(discountGoodsNo);
+        .arg(discountGoods);
 
 enum At : size_t { id, code, mnemonic, name, genericName, maker, registration, purchases, sales };
 

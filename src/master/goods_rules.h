@@ -9,7 +9,7 @@ class Record;
 class Session;
 
 /// The goods of the discount line; no list shows it.
-inline const QString discountGoodsNo = QStringLiteral("00000000");
+inline const QString discountGoods = QStringLiteral("00000000");
 
 /// The code of a new goods. With automatic codes: the number of its class in at least two digits
 /// and a six-digit serial, one above the greatest of that form; else what was typed, or eight

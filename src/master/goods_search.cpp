@@ -94,7 +94,7 @@ std::vector<GoodsHit> GoodsFinder::findBarcode(const QString &barcode, const QSt
     for (const BarcodeHit &bearer : bearers)
         ids.push_back(bearer.id);
     std::vector<GoodsHit> hits = details(ids, warehouse);
-    std::erase_if(hits, [](const GoodsHit &hit) { return hit.code == discountGoodsNo; });
+    std::erase_if(hits, [](const GoodsHit &hit) { return hit.code == discountGoods; });
     for (GoodsHit &hit : hits) {
         const auto bearer =
             std::find_if(bearers.begin(), bearers.end(),

@@ -102,8 +102,8 @@ MasterKind goodsKind() {
     kind.findColumns = wordList(u"g_tym g_sccs g_sptm");
     kind.findAlso = {{QStringLiteral("jxc_goodstm"), QStringLiteral("g_sptm")},
                      {QStringLiteral("jxc_goodsdw"), QStringLiteral("g_sptm")}};
-    kind.hiddenCode = discountGoodsNo;
-    kind.protectedCodes = {discountGoodsNo};
+    kind.hiddenCode = discountGoods;
+    kind.protectedCodes = {discountGoods};
     kind.satellites = wordList(u"jxc_goodsprice jxc_goodstm jxc_goodsdw jxc_goodsremind jxc_dxdz "
                                u"jxc_tm jxc_ghsbj jxc_khbj jxc_sptjb");
     kind.emptyRows = {

@@ -65,6 +65,7 @@ private:
 /// The kinds, file by file.
 [[nodiscard]] MasterKind goodsKind();
 [[nodiscard]] std::vector<MasterKind> partnerKinds();
+[[nodiscard]] std::vector<MasterKind> memberKinds();
 [[nodiscard]] std::vector<MasterKind> smallListKinds();
 
 } // namespace jxc

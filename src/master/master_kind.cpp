@@ -62,7 +62,7 @@ void complete(MasterKind &kind) {
 
 std::vector<MasterKind> allKinds() {
     std::vector<MasterKind> kinds{goodsKind()};
-    for (auto more : {partnerKinds(), smallListKinds()})
+    for (auto more : {partnerKinds(), memberKinds(), smallListKinds()})
         std::move(more.begin(), more.end(), std::back_inserter(kinds));
     for (MasterKind &kind : kinds)
         complete(kind);

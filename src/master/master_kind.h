@@ -102,6 +102,7 @@ struct MasterKind {
     QString codeColumn;       ///< empty: the name identifies the row
     QString nameColumn;
     QString mnemonicColumn;
+    QString numberColumn{};  ///< of a running number beside the code: a member's card
     QString disabledColumn;  ///< empty: rows cannot be disabled
     QString defaultColumn;   ///< flag of the row that new documents propose
     QString warehouseColumn; ///< bound by the warehouse restriction; "-1" is open to all
@@ -123,8 +124,12 @@ struct MasterKind {
 
     /// The code of a new row; the largest plus one where the kind has no rule of its own.
     std::function<QString(const Session &, const Record &)> drawCode{};
+    /// Proposals of a new row that no field can state by itself.
+    std::function<void(const Session &, Record &)> propose{};
     /// Rules of the kind, after the fields' own; throws FieldRefusal.
     std::function<void(const Session &, Record &)> check{};
+    /// What stands against deleting a row, before it is asked who uses it; throws Refusal.
+    std::function<void(const Session &, const Record &)> checkDeletion{};
 
     [[nodiscard]] const MasterField *field(QStringView column) const;
 };

@@ -78,8 +78,12 @@ Assignments changedColumns(const MasterKind &kind, const Record &record) {
     for (const MasterField &field : kind.fields) {
         if (!isTyped(field) || field.fixedOnceStored || !record.isChanged(field.column))
             continue;
-        for (const QString &column : writtenColumns(kind, field))
-            row.push_back({column, fieldValue(kind.table, column, record.text(column))});
+        for (const QString &column : writtenColumns(kind, field)) {
+            // Several fields may have the same follower.
+            if (std::none_of(row.begin(), row.end(),
+                             [&](const Assignment &known) { return known.column == column; }))
+                row.push_back({column, fieldValue(kind.table, column, record.text(column))});
+        }
     }
     return row;
 }
@@ -182,6 +186,8 @@ Record newRecord(const Session &session, const MasterKind &kind) {
     }
     if (!kind.codeColumn.isEmpty())
         record.set(kind.codeColumn, drawnCode(session, kind, record));
+    if (kind.propose)
+        kind.propose(session, record);
     record.settle();
     return record;
 }
@@ -189,7 +195,7 @@ Record newRecord(const Session &session, const MasterKind &kind) {
 Record copiedRecord(const Session &session, const MasterKind &kind, const Record &from) {
     Record record = newRecord(session, kind);
     for (const MasterField &field : kind.fields) {
-        if (!isTyped(field) || field.isSingle)
+        if (!isTyped(field) || field.isSingle || field.column == kind.numberColumn)
             continue;
         for (const QString &column :
              QStringList{field.column, field.pick.shownAs, field.pick.copiedTo, field.choiceText})
@@ -272,6 +278,8 @@ void deleteRecordInTransaction(Session &session, Answers &answers, const MasterK
     if (!record)
         throw recordChangedMeanwhile();
     refuseProtected(kind, *record);
+    if (kind.checkDeletion)
+        kind.checkDeletion(session, *record);
     refuseUsed(session.db(), kind, *record);
     answers.require(QStringLiteral("您的操作将删除%1：%2，确认吗？")
                         .arg(kind.noun, record->text(kind.nameColumn)));

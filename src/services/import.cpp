@@ -45,6 +45,7 @@ void noteRows(Session &session, const std::vector<ImportRow> &rows) {
 void writeRows(Session &session, const ImportRequest &request, ImportResult &result,
                const ImportProgress &progress) {
     ImportWriter writer(session, *request.target);
+    writer.expectNumbers(result.rows);
     const int all = static_cast<int>(result.rows.size());
     int seen = 0;
     for (ImportRow &row : result.rows) {

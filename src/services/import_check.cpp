@@ -1,5 +1,6 @@
 #include "services/import_check.h"
 
+#include "base/dates.h"
 #include "base/decimal.h"
 #include "base/sanitize.h"
 #include "core/session.h"
@@ -11,8 +12,8 @@ namespace jxc {
 
 namespace {
 
-const QString code = QStringLiteral("g_sn");
-const QString barcode = QStringLiteral("g_sptm");
+const QString goodsCode = QStringLiteral("g_sn");
+const QString goodsBarcode = QStringLiteral("g_sptm");
 const QString specification = QStringLiteral("gg_name");
 
 QString sanitized(Sanitizer sanitizer, const QString &text) {
@@ -33,6 +34,16 @@ QString plainFigure(QString text) {
     return text;
 }
 
+/// A day as people write it, in the books' form; empty when it is none.
+QString plainDate(const QString &text) {
+    const QString day = text.section(u' ', 0, 0).section(u'T', 0, 0);
+    for (const char16_t *form :
+         {u"yyyy-M-d", u"yyyy/M/d", u"yyyy.M.d", u"yyyy年M月d日", u"yyyyMMdd"})
+        if (const QDate date = QDate::fromString(day, QString::fromUtf16(form)); date.isValid())
+            return toDateText(date);
+    return {};
+}
+
 /// What is wrong with a filled cell; empty when nothing is. The text becomes what is stored.
 QString faultOf(const MasterField &field, const Column &column, QString &text) {
     const QString badFormat = QStringLiteral("格式不正确");
@@ -51,22 +62,43 @@ QString faultOf(const MasterField &field, const Column &column, QString &text) {
         text = figure.toText();
         return {};
     }
+    if (field.kind == ValueKind::date) {
+        text = plainDate(text);
+        return text.isEmpty() ? badFormat : QString();
+    }
     text = sanitized(sanitizerOf(field), text);
     return column.length > 0 && text.toUcs4().size() > column.length ? badFormat : QString();
 }
 
-/// Which goods or partners are there, and which the file itself has named before.
+/// By what a row of a file is known again: the first that is filled of these.
+struct KnownBy {
+    QString code; ///< may be empty, as the next
+    QString barcode;
+    QString beside; ///< with the name; several may have one name
+
+    static KnownBy of(const MasterKind &kind) {
+        if (kind.table == u"jxc_goods")
+            return {goodsCode, goodsBarcode, specification};
+        if (!kind.numberColumn.isEmpty())
+            return {kind.numberColumn, {}, QStringLiteral("hy_mobile")};
+        return {};
+    }
+};
+
+/// Which goods, partners or members are there, and which the file itself has named before.
 class Known {
 public:
     Known(const Session &session, const MasterKind &kind)
-        : m_isGoods(kind.table == u"jxc_goods") {
+        : m_by(KnownBy::of(kind)) {
         Database &db = session.db();
-        const QString columns = m_isGoods ? QStringLiteral("id,g_sn,g_sptm,g_name,gg_name")
-                                          : QStringLiteral("id,") + kind.nameColumn;
-        for (const Row &row :
-             db.rows(QStringLiteral("select %1 from %2 order by id desc").arg(columns, kind.table)))
+        QStringList columns{QStringLiteral("id"), kind.nameColumn};
+        for (const QString &column : {m_by.code, m_by.barcode, m_by.beside})
+            if (!column.isEmpty())
+                columns << column;
+        for (const Row &row : db.rows(QStringLiteral("select %1 from %2 order by id desc")
+                                          .arg(columns.join(u','), kind.table)))
             add(row, kind);
-        if (!m_isGoods || !BarcodeRules::load(db).unique)
+        if (m_by.barcode.isEmpty() || !BarcodeRules::load(db).unique)
             return;
         m_barcodesAreUnique = true;
         for (const char16_t *table : {u"jxc_goodstm", u"jxc_goodsdw"})
@@ -75,8 +107,7 @@ public:
                 m_furtherBarcodes.insert(row.text(size_t{0}));
     }
 
-    /// The id of the goods or partner that a row means; 0 for a new one. The first that is filled
-    /// of code, barcode, name with specification decides.
+    /// The id of the row that a row of the file means; 0 for a new one.
     [[nodiscard]] qint64 find(const ImportRow &row) const {
         return m_byKey.value(keyOf(row.values, row.name));
     }
@@ -85,40 +116,46 @@ public:
     QString repeated(const ImportRow &row, const QString &nameField) {
         const QString key = keyOf(row.values, row.name);
         if (m_seen.contains(key))
-            return key.startsWith(u'c') ? code : key.startsWith(u'b') ? barcode : nameField;
+            return key.startsWith(u'c')   ? m_by.code
+                   : key.startsWith(u'b') ? m_by.barcode
+                                          : nameField;
         m_seen.insert(key);
-        const QString text = row.values.value(barcode);
+        const QString text = filled(row.values, m_by.barcode);
         if (!m_barcodesAreUnique || text.isEmpty())
             return {};
         const qint64 owner = m_byKey.value(u'b' + text);
         const bool isForeign = (owner != 0 && owner != row.known) ||
                                m_furtherBarcodes.contains(text) || m_seenBarcodes.contains(text);
         m_seenBarcodes.insert(text);
-        return isForeign ? barcode : QString();
+        return isForeign ? m_by.barcode : QString();
     }
 
 private:
+    static QString filled(const QHash<QString, QString> &values, const QString &column) {
+        return column.isEmpty() ? QString() : values.value(column);
+    }
+
     void add(const Row &row, const MasterKind &kind) {
         const qint64 id = row.integer(u"id");
-        m_byKey.insert(u'n' + row.text(kind.nameColumn) + u'\n' +
-                           (m_isGoods ? row.text(specification) : QString()),
-                       id);
-        if (!m_isGoods)
-            return;
-        m_byKey.insert(u'c' + row.text(code), id);
-        if (!row.text(barcode).isEmpty())
-            m_byKey.insert(u'b' + row.text(barcode), id);
+        const auto text = [&](const QString &column) {
+            return column.isEmpty() ? QString() : row.text(column);
+        };
+        m_byKey.insert(u'n' + row.text(kind.nameColumn) + u'\n' + text(m_by.beside), id);
+        if (const QString code = text(m_by.code); !code.isEmpty())
+            m_byKey.insert(u'c' + code, id);
+        if (const QString barcode = text(m_by.barcode); !barcode.isEmpty())
+            m_byKey.insert(u'b' + barcode, id);
     }
 
     [[nodiscard]] QString keyOf(const QHash<QString, QString> &values, const QString &name) const {
-        if (m_isGoods && !values.value(code).isEmpty())
-            return u'c' + values.value(code);
-        if (m_isGoods && !values.value(barcode).isEmpty())
-            return u'b' + values.value(barcode);
-        return u'n' + name + u'\n' + (m_isGoods ? values.value(specification) : QString());
+        if (const QString code = filled(values, m_by.code); !code.isEmpty())
+            return u'c' + code;
+        if (const QString barcode = filled(values, m_by.barcode); !barcode.isEmpty())
+            return u'b' + barcode;
+        return u'n' + name + u'\n' + filled(values, m_by.beside);
     }
 
-    bool m_isGoods;
+    KnownBy m_by;
     bool m_barcodesAreUnique = false;
     QHash<QString, qint64> m_byKey; ///< the kind of key is its first letter
     QSet<QString> m_seen, m_furtherBarcodes, m_seenBarcodes;
@@ -164,8 +201,8 @@ private:
     void decide(ImportRow &row, const QStringList &cells) {
         QString fault = takeCells(row, cells);
         row.known = m_known.find(row);
-        if (!m_kind.hiddenCode.isEmpty() && row.values.value(code) == m_kind.hiddenCode)
-            fault = captionOf(code) + QStringLiteral("格式不正确");
+        if (!m_kind.hiddenCode.isEmpty() && row.values.value(goodsCode) == m_kind.hiddenCode)
+            fault = captionOf(goodsCode) + QStringLiteral("格式不正确");
         if (fault.isEmpty() && row.known == 0)
             fault = missing(row);
         const QString repeated = m_known.repeated(row, m_kind.nameColumn);

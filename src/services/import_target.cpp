@@ -55,6 +55,19 @@ const QStringList &synonyms(const QString &field) {
             {u"kh_address", u"地址 住址"},
             {u"ghs_note", u"说明"},
             {u"kh_note", u"说明"},
+            {u"hy_bh", u"卡号 会员号 会员编号 会员卡 编号"},
+            {u"hy_name", u"姓名 会员名称 会员 名称"},
+            {u"hy_mm", u"密码 卡密码"},
+            {u"hy_sr", u"生日 会员生日"},
+            {u"hy_jf", u"积分 可用积分 剩余积分"},
+            {u"hy_zhje", u"储值余额 卡内余额 余额 储值金额 储值"},
+            {u"hy_zje", u"消费总额 累计消费金额 消费金额"},
+            {u"hy_jrrq", u"入会日期 办卡日期 开卡日期"},
+            {u"hy_mobile", u"手机 手机号 手机号码 联系电话 电话"},
+            {u"hy_tele", u"座机 电话"},
+            {u"hy_zjhm", u"身份证 身份证号 身份证号码"},
+            {u"hy_dwzy", u"单位 职业"},
+            {u"hy_address", u"地址 住址"},
         };
         std::map<QString, QStringList> map;
         for (const auto &[name, list] : all)
@@ -96,6 +109,7 @@ const std::vector<ImportTarget> &importTargets() {
         {QStringLiteral("goods"), QStringLiteral("jxc_goods"), QStringLiteral("商品管理"), 1},
         {QStringLiteral("suppliers"), QStringLiteral("jxc_ghsxx"), QStringLiteral("供货商管理"), 2},
         {QStringLiteral("customers"), QStringLiteral("jxc_khxx"), QStringLiteral("客户管理"), 3},
+        {QStringLiteral("members"), QStringLiteral("jxc_hyxx"), QStringLiteral("会员管理"), 10},
     };
     return targets;
 }

@@ -46,6 +46,8 @@ void ImportWriter::add(const ImportRow &row) {
     if (record.text(m_kind.codeColumn).isEmpty())
         record.set(m_kind.codeColumn, nextCode());
     m_usedCodes.insert(record.text(m_kind.codeColumn));
+    if (!m_kind.numberColumn.isEmpty() && !row.values.contains(m_kind.numberColumn))
+        record.set(m_kind.numberColumn, nextNumber());
     if (m_drawsBarcodes && record.text(barcode).isEmpty())
         record.set(barcode, drawBarcode(m_session.db()));
     prepareRecord(m_session, m_kind, record);
@@ -143,6 +145,28 @@ QString ImportWriter::listed(const MasterField &field, const QString &name) {
     entry.set(list.nameColumn, name);
     saveRecordInTransaction(m_session, list, entry);
     return entry.text(pick.valueColumn);
+}
+
+/// Numbers that the file gives must not be drawn for rows without one.
+QString ImportWriter::nextNumber() {
+    const auto isTaken = [&](const QString &number) {
+        return m_givenNumbers.contains(number) ||
+               m_session.db().exists(QStringLiteral("select id from %1 where %2=?")
+                                         .arg(m_kind.table, m_kind.numberColumn),
+                                     {number});
+    };
+    do {
+        m_lastNumber =
+            m_lastNumber.isEmpty() ? m_proposed.text(m_kind.numberColumn) : successor(m_lastNumber);
+    } while (isTaken(m_lastNumber));
+    return m_lastNumber;
+}
+
+void ImportWriter::expectNumbers(const std::vector<ImportRow> &rows) {
+    for (const ImportRow &row : rows)
+        if (const auto given = row.values.constFind(m_kind.numberColumn);
+            given != row.values.constEnd())
+            m_givenNumbers.insert(*given);
 }
 
 /// The codes of the rows that are still to be written are not drawn again. Imported goods are all

@@ -15,6 +15,8 @@ class ImportWriter {
 public:
     ImportWriter(Session &session, const ImportTarget &target);
 
+    /// Tells which numbers the file gives, before any row is added.
+    void expectNumbers(const std::vector<ImportRow> &rows);
     /// Throws Refusal when the row cannot be taken; nothing of it is written then.
     void add(const ImportRow &row);
     void update(const ImportRow &row);
@@ -26,6 +28,7 @@ private:
     void fillPicked(Record &record, const MasterField &field, const QString &name);
     [[nodiscard]] QString listed(const MasterField &field, const QString &name);
     [[nodiscard]] QString nextCode();
+    [[nodiscard]] QString nextNumber();
     void openBalances(const std::vector<Record> &records);
 
     Session &m_session;
@@ -33,8 +36,8 @@ private:
     const MasterField *m_opening = nullptr; ///< kept by the ledger; null for goods
     Record m_proposed;                      ///< a new row as the editor begins it
     bool m_drawsBarcodes = false;
-    QString m_lastCode;
-    QSet<QString> m_usedCodes;
+    QString m_lastCode, m_lastNumber;
+    QSet<QString> m_usedCodes, m_givenNumbers;
     QHash<QString, Record> m_followed; ///< what follows from a picked name, by field and name
     std::vector<Record> m_added;
 };

@@ -6,6 +6,7 @@
 #include "services/verify_findings.h"
 #include "services/verify_journal.h"
 #include "services/verify_money.h"
+#include "services/verify_receipts.h"
 #include "services/verify_walk.h"
 
 namespace jxc {
@@ -23,6 +24,7 @@ std::vector<Difference> verifyBooks(Database &db, const VerifyOptions &options) 
     if (options.all)
         stock.compareCosts(db, parameters.priceDecimals, findings);
     checkMoneyAgainstDocuments(db, beforeBooks, findings);
+    checkReceipts(db, beforeBooks, findings);
     checkBalances(db, findings);
     snapshot.commit(); // inside a greater action, that action goes on
     return findings.take();

@@ -20,11 +20,11 @@ struct VerifyOptions {
     bool all = false; ///< also what only carries history
 };
 
-/// Holds journal, stock, batches, goods figures, partner ledger, cash, fees and invoices against
-/// the approved documents, recomputed by rules written down here a second time, apart from the
-/// posting. Answers one difference, the first by date, for each goods and warehouse, batch, partner
-/// and account of a store; none when the books are right. Changes nothing; others who want to write
-/// wait meanwhile, so that what is read belongs together.
+/// Holds journal, stock, batches, goods figures, partner ledger, cash, fees, invoices and the
+/// counter's receipts against the approved documents, recomputed by rules written down here a
+/// second time, apart from the posting. Answers one difference, the first by date, for each goods
+/// and warehouse, batch, partner and account of a store; none when the books are right. Changes
+/// nothing; others who want to write wait meanwhile, so that what is read belongs together.
 [[nodiscard]] std::vector<Difference> verifyBooks(Database &db, const VerifyOptions &options = {});
 
 } // namespace jxc

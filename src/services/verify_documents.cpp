@@ -187,6 +187,19 @@ std::vector<DueRow> loanReturnRows(const Posted &d) {
     return rows;
 }
 
+/// Gifts for points: they go for nothing.
+std::vector<DueRow> exchangeRows(const Posted &d) {
+    std::vector<DueRow> rows;
+    for (const Row *line : d.lines) {
+        DueRow row = rowOf(d, *line, QStringLiteral("dh"));
+        row.quantity = line->decimal(u"dh_sl");
+        row.price = row.amountWithTax = row.amount = row.totalCost = Decimal();
+        row.moved = -row.quantity;
+        rows.push_back(row);
+    }
+    return rows;
+}
+
 } // namespace
 
 const std::vector<PostingKind> &postingKinds() {
@@ -294,6 +307,21 @@ const std::vector<PostingKind> &postingKinds() {
          {},
          t(u"jh_sl,jh_dj"),
          loanReturnRows},
+        // It is posted as soon as it is there.
+        {t(u"DH"),
+         t(u"jxc_dhd"),
+         t(u"(select id,gl_djh,g_sn,'' as t_ph,'' as t_yxq,'' as t_scrq,dh_sl from jxc_dhzp) z"),
+         t(u"gl_djh"),
+         t(u"dh_dhrq"),
+         t(u"1"),
+         t(u"ck_sn"),
+         {},
+         t(u"dh_sl"),
+         exchangeRows,
+         {},
+         {},
+         {},
+         true},
     };
     return kinds;
 }

@@ -49,6 +49,8 @@ struct PostingKind {
     std::vector<DueRow> (*rows)(const Posted &document);
     /// Where a line keeps what was ordered, done and cancelled; empty for other kinds.
     QString ordered{}, done{}, cancelled{};
+    /// The lines name no batch: posting took the one that expired first, and the journal keeps it.
+    bool batchFromJournal = false;
 };
 
 [[nodiscard]] const std::vector<PostingKind> &postingKinds();

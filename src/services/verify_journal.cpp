@@ -152,13 +152,27 @@ private:
 
     void checkApproved(const PostingKind &kind, const QString &number, const Row &header,
                        const RowList &lines, const RowList &rows) {
-        const std::vector<DueRow> due =
+        std::vector<DueRow> due =
             kind.rows({header, header.text(u"warehouse"), lines, flowOf(kind)});
+        if (kind.batchFromJournal)
+            takeBatches(due, rows);
         for (const DueRow &row : due)
             m_stock.move(row.place, row.batch, row.moved);
         claim(kind, lines);
         checkFlow(kind, number, lines);
         compare(number, header.text(u"posted"), due, rows);
+    }
+
+    /// The batches of journal rows, in their order.
+    static void takeBatches(std::vector<DueRow> &due, const RowList &rows) {
+        std::map<StockPlace, RowList> places;
+        for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+            places[{(*row)->text(u"g_sn"), (*row)->text(u"ck_sn")}].push_back(*row);
+        for (DueRow &row : due)
+            if (RowList &own = places[row.place]; !own.empty()) {
+                row.batch = BatchText::of(*own.back());
+                own.pop_back();
+            }
     }
 
     /// Goods by goods: which rows there are, and what each says, in their order.

@@ -98,6 +98,14 @@ DuePayment supplierEntry(const Row &h) {
     return settlementOf(h, QStringLiteral("ghs"), 0);
 }
 
+/// Money onto a member's card, or off it.
+DuePayment recharge(const Row &h) {
+    DuePayment p;
+    p.account = accountOr({});
+    p.cash = h.decimal(u"xf_je");
+    return p;
+}
+
 /// A typed expense or other income.
 DuePayment expense(const Row &h) {
     DuePayment p;
@@ -163,6 +171,11 @@ const std::vector<PayingKind> &payingKinds() {
         settlements(u"YF", supplierEntry),
         expenses(u"FY"),
         expenses(u"SR"),
+        {t(u"XF"),
+         {t(u"jxc_hyxf"), t(u"gl_djh"), t(u"1"), t(u"substr(xf_rq,1,10) as posted,xf_je")},
+         false,
+         {},
+         recharge},
     };
     return kinds;
 }

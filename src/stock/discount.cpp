@@ -36,10 +36,16 @@ public:
     void run(Decimal oldTotal, Decimal newTotal) {
         const bool onLine =
             m_side.isSale ? m_parameters.saleDiscountLine : m_parameters.purchaseDiscountLine;
-        if (onLine)
-            bookOnLine(newTotal - oldTotal);
-        else
-            spread(oldTotal - newTotal, newTotal);
+        if (onLine) {
+            runOnLine(oldTotal, newTotal);
+            return;
+        }
+        spread(oldTotal - newTotal, newTotal);
+        writeHeader();
+    }
+
+    void runOnLine(Decimal oldTotal, Decimal newTotal) {
+        bookOnLine(newTotal - oldTotal);
         writeHeader();
     }
 
@@ -173,6 +179,17 @@ private:
     Parameters m_parameters;
 };
 
+const Side &saleSide() {
+    static const Side side{QStringLiteral("jxc_lsxssp"),
+                           QStringLiteral("gl_djh"),
+                           QStringLiteral("ls"),
+                           QStringLiteral("jxc_lsxsd"),
+                           QStringLiteral("ls_yfje"),
+                           QStringLiteral("ls_sfje"),
+                           true};
+    return side;
+}
+
 } // namespace
 
 void spreadDjYhPurchase(Session &session, const QString &number, Decimal oldTotal,
@@ -188,14 +205,11 @@ void spreadDjYhPurchase(Session &session, const QString &number, Decimal oldTota
 }
 
 void spreadDjYhSale(Session &session, const QString &number, Decimal oldTotal, Decimal newTotal) {
-    static const Side side{QStringLiteral("jxc_lsxssp"),
-                           QStringLiteral("gl_djh"),
-                           QStringLiteral("ls"),
-                           QStringLiteral("jxc_lsxsd"),
-                           QStringLiteral("ls_yfje"),
-                           QStringLiteral("ls_sfje"),
-                           true};
-    Spreader(session, side, number).run(oldTotal, newTotal);
+    Spreader(session, saleSide(), number).run(oldTotal, newTotal);
+}
+
+void bookSaleDiscount(Session &session, const QString &number, Decimal oldTotal, Decimal newTotal) {
+    Spreader(session, saleSide(), number).runOnLine(oldTotal, newTotal);
 }
 
 } // namespace jxc

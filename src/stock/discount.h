@@ -16,5 +16,8 @@ void spreadDjYhPurchase(Session &session, const QString &number, Decimal oldTota
                         Decimal newTotal);
 /// The same for a sale; gifts take no share.
 void spreadDjYhSale(Session &session, const QString &number, Decimal oldTotal, Decimal newTotal);
+/// The same on a line of its own, whatever the parameters say: what the counter takes off. The new
+/// total may be above the old one, when the due is rounded up.
+void bookSaleDiscount(Session &session, const QString &number, Decimal oldTotal, Decimal newTotal);
 
 } // namespace jxc

@@ -12,8 +12,10 @@ namespace {
 
 Row loadHeader(Database &db, const DocumentKind &kind, const QString &number) {
     // Should a number stand on two rows, the approved one is the document.
-    auto row = db.row(QStringLiteral("select * from %1 where %2=? order by %3 desc,id")
-                          .arg(kind.headerTable, kind.numberColumn, kind.statusColumn()),
+    const QString first =
+        kind.prefix.isEmpty() ? QString() : QStringLiteral("%1 desc,").arg(kind.statusColumn());
+    auto row = db.row(QStringLiteral("select * from %1 where %2=? order by %3id")
+                          .arg(kind.headerTable, kind.numberColumn, first),
                       {number});
     if (!row)
         throw unknownDocument(number);
@@ -78,9 +80,12 @@ Document loadDocument(Database &db, const DocumentKind &kind, const QString &num
     d.warehouse = d.header.text(kind.warehouseColumn);
     d.warehouseName =
         nameOf(db, QStringLiteral("select ck_name from jxc_ckxx where ck_sn=?"), d.warehouse);
-    d.clerkNo = d.header.text(u"u_sn");
-    d.clerkName = nameOf(db, QStringLiteral("select u_name from jxc_user where u_sn=?"), d.clerkNo)
-                      .value_or(QString());
+    if (!kind.clerkColumn.isEmpty()) {
+        d.clerkNo = d.header.text(kind.clerkColumn);
+        d.clerkName =
+            nameOf(db, QStringLiteral("select u_name from jxc_user where u_sn=?"), d.clerkNo)
+                .value_or(QString());
+    }
     if (!kind.partnerColumn.isEmpty()) {
         d.partner = {kind.partnerKind, d.header.text(kind.partnerColumn)};
         d.partnerName = partnerName(db, d.partner);

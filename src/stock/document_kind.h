@@ -1,5 +1,6 @@
 #pragma once
 
+#include "master/goods_rules.h"
 #include "money/document_money.h"
 #include "stock/journal.h"
 
@@ -9,10 +10,6 @@
 namespace jxc {
 
 struct Document;
-
-/// The goods that stands for a whole-document discount on a line of its own; every stock routine
-/// leaves it out.
-inline const QString discountGoods = QStringLiteral("00000000");
 
 /// What a journal row of a document adds to the goods' own figures.
 struct GoodsEffect {
@@ -33,11 +30,15 @@ struct Follower {
 struct DocumentKind {
     QString code, title;
     QString headerTable, lineTable, numberColumn, dateColumn;
-    QString prefix; ///< of the approval triple: "j" for j_status, j_checker, j_chkrq
+    /// Of the approval triple: "j" for j_status, j_checker, j_chkrq; empty for kinds that post as
+    /// soon as they are saved.
+    QString prefix;
     QString warehouseColumn, noteColumn;
+    QString clerkColumn = QStringLiteral("u_sn"); ///< empty for kinds that name no clerk
     QString partnerColumn;
     Partner::Kind partnerKind = Partner::Kind::supplier;
     QString quantityColumn, baseQuantityColumn;
+    QString memberColumn;        ///< of the header; empty for kinds that name no member
     bool headerHasGoods = false; ///< split and bundle: the header names a goods as well
 
     QString rightGroup;

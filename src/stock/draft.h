@@ -68,8 +68,13 @@ struct Draft {
 
     QString number{};      ///< empty: new; saving draws it
     QString fingerprint{}; ///< of the stored state that this was loaded from
-    bool approved = false; ///< loaded for reading; cannot be saved
-    Decimal due{};         ///< as stored, for reading
+    /// Rung up at the counter, where rights and low discounts are asked for before: the saving does
+    /// not ask for the right, lines may repeat and be as cheap as agreed, and what is taken off the
+    /// whole is always a line of its own.
+    bool atCounter = false;
+    QString reservedNumber{}; ///< of a new one: a number that was drawn for it before
+    bool approved = false;    ///< loaded for reading; cannot be saved
+    Decimal due{};            ///< as stored, for reading
 };
 
 /// Checks a draft and stores it unapproved, header and lines in one transaction: a new one gets its

@@ -51,7 +51,8 @@ class Repeats {
 public:
     explicit Repeats(const DraftContext &context)
         : m_context(context)
-        , m_allowed(context.parameters.goodsMayRepeat || context.isFollower) {}
+        , m_allowed(context.parameters.goodsMayRepeat || context.isFollower ||
+                    context.draft.atCounter) {}
 
     void check(size_t index, const DraftLine &line) {
         const bool isNew =
@@ -164,7 +165,7 @@ void askNoCost(const DraftContext &c, Answers &answers, const std::vector<Comple
 } // namespace
 
 void checkMaySave(const DraftContext &c) {
-    if (!hasRight(c.session, c.kind.rightGroup, c.kind.entryRight))
+    if (!c.draft.atCounter && !hasRight(c.session, c.kind.rightGroup, c.kind.entryRight))
         throw Refusal(noRightMessage(c.kind.title + QStringLiteral("！")));
     if (c.draft.number.isEmpty())
         return;
@@ -192,7 +193,8 @@ void checkHeader(const DraftContext &c) {
 void checkTypedLines(const DraftContext &c) {
     if (c.draft.lines.empty())
         throw Refusal(QStringLiteral("单据没有明细，不能保存！"));
-    const Decimal lowest = c.is(QLatin1String("XS")) ? c.parameters.lowestDiscount : Decimal();
+    const bool isLimited = c.is(QLatin1String("XS")) && !c.draft.atCounter;
+    const Decimal lowest = isLimited ? c.parameters.lowestDiscount : Decimal();
     Repeats repeats(c);
     for (size_t i = 0; i < c.draft.lines.size(); ++i) {
         checkLine(i, c.draft.lines[i], lowest);
@@ -235,7 +237,9 @@ void askQuestions(const DraftContext &c, Answers &answers, const std::vector<Com
         askExpired(c, answers, lines);
     askOwing(c, answers, settlement);
     if (isSale) {
-        askLowPrices(c, answers, lines);
+        // The counter's prices are the shop's own, and a queue is waiting.
+        if (!c.draft.atCounter)
+            askLowPrices(c, answers, lines);
         askNoCost(c, answers, lines);
     }
 }

@@ -103,9 +103,7 @@ private:
 /// What is left out keeps the value that a new line has.
 struct Reader {
     const QJsonObject &object;
-    void operator()(const char16_t *name, QString &text) const {
-        text = get(name).toString(text);
-    }
+    void operator()(const char16_t *name, QString &text) const { text = get(name).toString(text); }
     void operator()(const char16_t *name, Decimal &figure) const {
         if (const QJsonValue value = get(name); value.isString())
             figure = Decimal::fromText(value.toString());
@@ -167,23 +165,45 @@ std::optional<Draft> draftFromJson(const QByteArray &json) {
 DraftFile::DraftFile(const QString &folder, const Session &session, const QString &code)
     : m_file(QDir(folder).filePath(
           QStringLiteral("%1-%2-%3.json")
-              .arg(accountSetName(session), session.currentOperatorNo, code))) {}
-
-bool DraftFile::keep(const Draft &draft) const {
-    if (!QDir().mkpath(QFileInfo(m_file).path()))
-        return false;
-    QSaveFile file(m_file);
-    return file.open(QIODevice::WriteOnly) && file.write(draftToJson(draft)) >= 0 && file.commit();
+              .arg(accountSetName(session), session.currentOperatorNo, code))) {
+    m_writer.setMaxThreadCount(1);
 }
 
-std::optional<Draft> DraftFile::read() const {
+DraftFile::~DraftFile() {
+    m_writer.waitForDone();
+}
+
+void DraftFile::keep(const Draft &draft) {
+    const QMutexLocker locked(&m_lock);
+    const bool isWriting = m_waiting.has_value();
+    m_waiting = draft;
+    if (!isWriting)
+        m_writer.start([this] { writeWaiting(); });
+}
+
+void DraftFile::writeWaiting() {
+    std::optional<Draft> draft;
+    {
+        const QMutexLocker locked(&m_lock);
+        draft.swap(m_waiting);
+    }
+    QSaveFile file(m_file);
+    if (draft && QDir().mkpath(QFileInfo(m_file).path()) && file.open(QIODevice::WriteOnly)) {
+        file.write(draftToJson(*draft));
+        file.commit();
+    }
+}
+
+std::optional<Draft> DraftFile::read() {
+    m_writer.waitForDone();
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return draftFromJson(file.readAll());
 }
 
-void DraftFile::forget() const {
+void DraftFile::forget() {
+    m_writer.waitForDone();
     QFile::remove(m_file);
 }
 

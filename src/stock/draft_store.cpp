@@ -46,8 +46,7 @@ private:
             takePartnerOfSource();
         const bool isNew = m_draft.number.isEmpty();
         if (isNew)
-            m_draft.number = newDocNumberForDate(m_session, m_kind.headerTable, m_kind.numberColumn,
-                                                 m_kind.code, m_draft.date);
+            m_draft.number = numberForNew();
         else
             m_db.execute(QStringLiteral("delete from %1 where %2=?")
                              .arg(m_kind.lineTable, m_kind.numberColumn),
@@ -61,6 +60,16 @@ private:
         }
         addUntypedHeader(header);
         m_db.insertRow(m_kind.headerTable, header);
+    }
+
+    QString numberForNew() {
+        const QString &reserved = m_draft.reservedNumber;
+        if (!reserved.isEmpty() && !m_db.exists(QStringLiteral("select id from %1 where %2=?")
+                                                    .arg(m_kind.headerTable, m_kind.numberColumn),
+                                                {reserved}))
+            return reserved;
+        return newDocNumberForDate(m_session, m_kind.headerTable, m_kind.numberColumn, m_kind.code,
+                                   m_draft.date);
     }
 
     void storeLines() {
@@ -115,9 +124,12 @@ private:
             return due;
         if (m_draft.newTotal->isNegative())
             throw Refusal(QStringLiteral("优惠后的金额不能小于零！"));
-        if (*m_draft.newTotal > due)
+        // At the counter the due may be rounded up.
+        if (*m_draft.newTotal > due && !m_draft.atCounter)
             throw Refusal(QStringLiteral("优惠后的金额不能大于原金额！"));
-        if (m_context.is(QLatin1String("XS")))
+        if (m_draft.atCounter)
+            bookSaleDiscount(m_session, m_draft.number, due, *m_draft.newTotal);
+        else if (m_context.is(QLatin1String("XS")))
             spreadDjYhSale(m_session, m_draft.number, due, *m_draft.newTotal);
         else if (m_context.is(QLatin1String("CJ")))
             spreadDjYhPurchase(m_session, m_draft.number, due, *m_draft.newTotal);

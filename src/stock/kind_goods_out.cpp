@@ -52,6 +52,7 @@ DocumentKind goodsOutKind() {
     k.prefix = QStringLiteral("ck");
     k.warehouseColumn = QStringLiteral("ck_sn");
     k.noteColumn = QStringLiteral("ck_note");
+    k.partnerKind = Partner::Kind::customer; // of the sale that it follows
     k.quantityColumn = QStringLiteral("ck_sl");
     k.baseQuantityColumn = QStringLiteral("ck_zsl");
     k.rightGroup = QStringLiteral("xsgl");

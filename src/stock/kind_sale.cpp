@@ -97,6 +97,7 @@ DocumentKind saleKind() {
     k.partnerKind = Partner::Kind::customer;
     k.quantityColumn = QStringLiteral("ls_sl");
     k.baseQuantityColumn = QStringLiteral("ls_zsl");
+    k.memberColumn = QStringLiteral("hy_sn");
     k.rightGroup = QStringLiteral("xsgl");
     k.entryRight = 1;
     k.approveRight = 7;
@@ -108,6 +109,8 @@ DocumentKind saleKind() {
         {QStringLiteral("select gl_djh from jxc_cksp where gl_djh2=? order by id limit 1"),
          QStringLiteral("该单据%1已有出库信息，不能取消审核！\r\n\r\n"
                         "请在商品出库单中删除该单据的所有信息，然后再取消审核！")},
+        {QStringLiteral("select pos_rjid from jxc_posxsd where gl_djh=? and pos_rjid<>'' limit 1"),
+         QStringLiteral("该单据已日结，不能取消审核，请做退货！")},
         {QStringLiteral(
              "select b.gl_djh from jxc_xsthsp a,jxc_xsthd b where a.gl_djh=b.gl_djh and "
              "b.th_status=1 and a.id2<>0 and a.id2 in (select id2 from jxc_lsxssp where gl_djh=?) "

@@ -7,6 +7,10 @@ namespace jxc {
 
 namespace {
 
+/// The counter's copies of the return, which go with it.
+const QStringList counterCopies = {QStringLiteral("jxc_posxsd"), QStringLiteral("jxc_posxssp"),
+                                   QStringLiteral("jxc_posthd"), QStringLiteral("jxc_posthsp")};
+
 /// A line that closes the rest of a sale: its goods never left, so only the books move.
 bool movesPhysically(const Row &line) {
     return line.integer(u"id2") == 0;
@@ -58,8 +62,8 @@ void markCancelled(Database &db, const QString &number) {
         {number});
     db.execute(QStringLiteral("update jxc_xsthsp set id2=0 where gl_djh=?"), {number});
     db.execute(QStringLiteral("update jxc_xsthd set th_note='' where gl_djh=?"), {number});
-    db.execute(QStringLiteral("delete from jxc_posxsd where gl_djh=?"), {number});
-    db.execute(QStringLiteral("delete from jxc_posxssp where gl_djh=?"), {number});
+    for (const QString &copy : counterCopies)
+        db.execute(QStringLiteral("delete from %1 where gl_djh=?").arg(copy), {number});
 }
 
 } // namespace
@@ -79,6 +83,7 @@ DocumentKind salesReturnKind() {
     k.partnerKind = Partner::Kind::customer;
     k.quantityColumn = QStringLiteral("th_sl");
     k.baseQuantityColumn = QStringLiteral("th_zsl");
+    k.memberColumn = QStringLiteral("hy_sn");
     k.rightGroup = QStringLiteral("xsgl");
     k.entryRight = 2;
     k.approveRight = 8;
@@ -86,6 +91,13 @@ DocumentKind salesReturnKind() {
     k.approveLog = QStringLiteral("审核顾客退货单");
     k.cancelLog =
         QStringLiteral("取消审核商品退货单"); // 商品退货单 here, 顾客退货单 at approval: deliberate
+    // A copy marked "-" is taken by the day end through the return's own rows.
+    k.followers = {
+        {QStringLiteral("select pos_rjid from jxc_posthd where gl_djh=? and pos_rjid<>'' union all "
+                        "select pos_rjid from jxc_posxsd where gl_djh=? and pos_rjid<>'' and "
+                        "pos_rjid<>'-' limit 1"),
+         QStringLiteral("该单据已日结，不能取消审核！")},
+    };
     // A return counts as one more sale of the goods, and cancelling it leaves the count:
     // deliberate.
     k.onApproval = {0, 1, false, false};

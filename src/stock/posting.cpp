@@ -9,12 +9,14 @@
 #include "stock/barrier.h"
 #include "stock/document.h"
 #include "stock/document_kind.h"
+#include "stock/document_members.h"
 #include "stock/journal_kinds.h"
 #include "stock/snapshot.h"
 #include "stock/stock_book.h"
 #include "stock/walk.h"
 
 #include <map>
+#include <stdexcept>
 
 namespace jxc {
 
@@ -119,7 +121,29 @@ void checkFollowers(Database &db, const Document &d) {
     }
 }
 
+/// Who posts the document's member; null for a document without one.
+const DocumentMembers *membersOf(const Session &session, const Document &d) {
+    if (d.kind.memberColumn.isEmpty() || d.header.text(d.kind.memberColumn).isEmpty())
+        return nullptr;
+    if (session.members == nullptr)
+        throw std::logic_error("the session was not told who keeps the members");
+    return session.members;
+}
+
 } // namespace
+
+void postMovements(Session &session, const Parameters &parameters, const Document &d,
+                   std::vector<JournalRow> rows) {
+    writeJournal(session, d, rows);
+    applyMovements(session, parameters, d, withoutDiscountLine(std::move(rows)), 1);
+}
+
+void takeBackMovements(Session &session, const Parameters &parameters, const Document &d) {
+    const std::vector<JournalRow> rows = readJournal(session.db(), d);
+    // The rows go first; the walk then finds the journal as it stays.
+    session.db().execute(QStringLiteral("delete from jxc_goodslist where gl_djh=?"), {d.number});
+    applyMovements(session, parameters, d, rows, -1);
+}
 
 void postDocument(Session &session, const Parameters &parameters, const Document &d) {
     Database &db = session.db();
@@ -128,24 +152,27 @@ void postDocument(Session &session, const Parameters &parameters, const Document
         postDocumentMoney(session, parameters, kind.payments(d));
     if (kind.markApproved != nullptr)
         kind.markApproved(db, d.number);
-    if (kind.movements != nullptr) {
-        std::vector<JournalRow> rows = kind.movements(d);
-        writeJournal(session, d, rows);
-        applyMovements(session, parameters, d, withoutDiscountLine(std::move(rows)), 1);
-    }
+    if (kind.movements != nullptr)
+        postMovements(session, parameters, d, kind.movements(d));
     if (kind.moveAgainstSource != nullptr)
         kind.moveAgainstSource(session, d, 1);
     setApproved(session, d);
     if (kind.afterApproval != nullptr)
         kind.afterApproval(db, d);
+    if (const DocumentMembers *members = membersOf(session, d))
+        members->approved(session, d);
     writeLog(session, QStringLiteral("%1，共%2种商品").arg(kind.approveLog).arg(d.goodsLines()));
     updateKcjs(db, monthOf(d.date));
 }
 
 void approveInTransaction(Session &session, Answers &answers, const QString &number) {
+    checkApprovalRight(session, kindOf(number));
+    approveAtCounter(session, answers, number);
+}
+
+void approveAtCounter(Session &session, Answers &answers, const QString &number) {
     Database &db = session.db();
     const DocumentKind &kind = kindOf(number);
-    checkApprovalRight(session, kind);
     const Parameters parameters = Parameters::load(db);
     const Document d = loadDocument(db, kind, number);
     if (d.isApproved())
@@ -154,6 +181,8 @@ void approveInTransaction(Session &session, Answers &answers, const QString &num
     checkPdBeforeChk(db, d);
     if (kind.check != nullptr)
         kind.check(session, d);
+    if (const DocumentMembers *members = membersOf(session, d))
+        members->check(session, d);
     checkTkcEnough(db, parameters, answers, kind, number, d.warehouse);
 
     postDocument(session, parameters, d);
@@ -171,12 +200,11 @@ void cancelInTransaction(Session &session, Answers &answers, const QString &numb
     confirmCancelling(answers, number);
 
     const Parameters parameters = Parameters::load(db);
-    const std::vector<JournalRow> rows = readJournal(db, d);
-    // The rows go first; the walk then finds the journal as it stays.
-    db.execute(QStringLiteral("delete from jxc_goodslist where gl_djh=?"), {number});
-    applyMovements(session, parameters, d, rows, -1);
+    takeBackMovements(session, parameters, d);
     if (kind.moveAgainstSource != nullptr)
         kind.moveAgainstSource(session, d, -1);
+    if (const DocumentMembers *members = membersOf(session, d))
+        members->cancelling(session, d);
     if (kind.markCancelled != nullptr)
         kind.markCancelled(db, number);
     setDraft(session, d);

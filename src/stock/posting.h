@@ -6,6 +6,7 @@ namespace jxc {
 
 class Session;
 struct Document;
+struct JournalRow;
 struct Parameters;
 
 /// Approves a document of any kind: its journal rows, stock, batches, costs, money and log line are
@@ -22,8 +23,18 @@ Outcome cancelDocument(Session &session, Prompter &prompter, const QString &numb
 void approveInTransaction(Session &session, Answers &answers, const QString &number);
 void cancelInTransaction(Session &session, Answers &answers, const QString &number);
 
+/// The same for what the counter rings up: whoever may work there books it, without the approver's
+/// right.
+void approveAtCounter(Session &session, Answers &answers, const QString &number);
+
 /// Writes what approval writes, after everything was checked: nothing refuses any more, except
 /// a payment that its account cannot bear and figures out of range.
 void postDocument(Session &session, const Parameters &parameters, const Document &document);
+
+/// Writes a document's journal rows and moves stock, batches and costs by them.
+void postMovements(Session &session, const Parameters &parameters, const Document &document,
+                   std::vector<JournalRow> rows);
+/// Deletes them and moves everything back.
+void takeBackMovements(Session &session, const Parameters &parameters, const Document &document);
 
 } // namespace jxc

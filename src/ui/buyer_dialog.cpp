@@ -42,7 +42,7 @@ public:
         auto *buttons = new QDialogButtonBox(this);
         buttons->addButton(QStringLiteral("确定 F5"), QDialogButtonBox::AcceptRole)
             ->setAutoDefault(false);
-        buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole)
+        buttons->addButton(QStringLiteral("取消 Esc"), QDialogButtonBox::RejectRole)
             ->setAutoDefault(false);
         m_form->addRow(buttons);
         connect(buttons, &QDialogButtonBox::accepted, this, [this] { ok(); });

@@ -27,14 +27,15 @@ void chooseBatch(const FormContext &context, DocumentLines &lines, int row, QWid
         list.add({qint64(i),
                   b.batch.number.isEmpty() ? QStringLiteral("（无批号）") : b.batch.number,
                   b.batch.produced, b.batch.expiry, b.quantity,
-                  b.daysLeft ? Cell(QString::number(*b.daysLeft)) : Cell(QString())});
+                  b.daysLeft ? Cell(qint64(*b.daysLeft)) : Cell()});
     }
+    ColumnSpec daysLeft = column(u"days", u"剩余天数", ValueKind::integer, 96);
+    daysLeft.words = {{QString(), QString()}}; // it never expires
     TF_GridMsg dialog(context, QStringLiteral("TF_BatchSele"),
                       QStringLiteral("选择批号 － %1").arg(line.info.name),
                       {text(u"t_ph", u"批号", 160), column(u"t_scrq", u"生产日期", ValueKind::date),
                        column(u"t_yxq", u"有效期至", ValueKind::date),
-                       column(u"t_sl", u"库存数量", ValueKind::quantity),
-                       text(u"days", u"剩余天数", 80)},
+                       column(u"t_sl", u"库存数量", ValueKind::quantity), daysLeft},
                       list.take(), parent);
     const int nearDays = context.session.parameters.nearExpiryDays;
     dialog.grid().model().setTone([nearDays](const Row &r, const ColumnSpec &) {
@@ -68,8 +69,9 @@ std::optional<Decimal> askNewTotal(const FormContext &context, Decimal ofLines,
     form->addRow(QStringLiteral("优惠后金额"), field);
     form->addRow(QStringLiteral("优惠"), saved);
     auto *buttons = new QDialogButtonBox(&dialog);
-    buttons->addButton(QStringLiteral("确定"), QDialogButtonBox::AcceptRole)->setDefault(true);
-    buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole);
+    buttons->addButton(QStringLiteral("确定 Enter"), QDialogButtonBox::AcceptRole)
+        ->setDefault(true);
+    buttons->addButton(QStringLiteral("取消 Esc"), QDialogButtonBox::RejectRole);
     form->addRow(buttons);
     const auto showSaved = [&] { saved->setText(formats.money(ofLines - field->value())); };
     QObject::connect(field, &QLineEdit::textChanged, &dialog, showSaved);

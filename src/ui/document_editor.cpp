@@ -176,21 +176,24 @@ void DocumentEditor::addActions() {
 
 void DocumentEditor::startNew() {
     open(newDraft(session(), m_spec.code()));
-    restartIfKept();
-    m_header->start();
+    if (restartIfKept())
+        m_table->startNextLine();
+    else
+        m_header->start();
 }
 
 /// A power cut, a crash: what was typed is offered again.
-void DocumentEditor::restartIfKept() {
+bool DocumentEditor::restartIfKept() {
     const std::optional<Draft> kept = m_file.read();
     if (!kept)
-        return;
-    if (prompter().confirm(QStringLiteral("上次有未保存的单据，是否继续录入？"), confirmCaption)) {
-        open(*kept);
-        m_changed = true;
-    } else {
+        return false;
+    if (!prompter().confirm(QStringLiteral("上次有未保存的单据，是否继续录入？"), confirmCaption)) {
         m_file.forget();
+        return false;
     }
+    open(*kept);
+    m_changed = true;
+    return true;
 }
 
 void DocumentEditor::open(const Draft &draft) {
@@ -403,6 +406,8 @@ bool DocumentEditor::store(bool approve) {
     m_keeping->stop();
     m_file.forget();
     Q_EMIT this->saved(typed.number);
+    if (session().parameters.printsBeforeSaving && !approve)
+        printDocumentNow(context(), typed.number, this);
     return true;
 }
 

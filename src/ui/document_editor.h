@@ -85,7 +85,7 @@ private:
     void offerApproval();
     void afterApproval();
     void showRefusal(const struct Outcome &outcome);
-    void restartIfKept();
+    bool restartIfKept();
     [[nodiscard]] DocumentLines &lines() const;
 
     const DocumentFormSpec &m_spec;

@@ -379,6 +379,8 @@ bool DocumentLines::isAlarming(const EditLine &line, LineField field) const {
         const QString expiry = shownExpiry(typed.batch.expiry);
         return !expiry.isEmpty() && expiry < m_session.today();
     }
+    case LineField::name:
+        return line.info.restricted; // its buyer is registered
     case LineField::stock:
         return line.info.stock.isNegative();
     default:

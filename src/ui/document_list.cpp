@@ -62,11 +62,12 @@ void DocumentList::build() {
     m_tabs->setDrawBase(false);
     m_tabs->setUsesScrollButtons(false);
     m_tabs->setElideMode(Qt::ElideNone);
+    m_tabs->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // never cut off
     m_tabs->addTab(QStringLiteral("待审核"));
     m_tabs->addTab(QStringLiteral("已审核"));
     m_search->setPlaceholderText(QStringLiteral("查找 F3：单号、备注"));
-    m_search->setMinimumWidth(140);
-    m_search->setMaximumWidth(220);
+    m_search->setMinimumWidth(152);
+    m_search->setMaximumWidth(320);
     m_search->setClearButtonEnabled(true);
     m_search->setMaxLength(100);
     for (auto [field, hint] :
@@ -74,11 +75,15 @@ void DocumentList::build() {
           std::pair(m_goods, QStringLiteral("商品"))}) {
         field->setPlaceholderText(hint);
         field->setClearable(true);
-        field->setFixedWidth(96);
+        field->setFixedWidth(88);
         connect(field, &PickField::chosen, this, &DocumentList::refresh);
         connect(field, &PickField::cleared, this, &DocumentList::refresh);
     }
     m_grid->setTitle(m_spec.title());
+    m_grid->model().setTone([](const Row &row, const ColumnSpec &column) {
+        return column.field == u"rest" && row.decimal(u"rest").isPositive() ? Tone::danger
+                                                                            : Tone::plain;
+    });
     m_lines->setTitle(m_spec.title() + QStringLiteral("明细"));
     addActions();
 
@@ -94,6 +99,7 @@ void DocumentList::build() {
     line->addWidget(m_partner);
     line->addWidget(m_goods);
     line->addWidget(m_search, 1);
+    line->addStretch(0);
     layout->addLayout(line);
     auto *split = new QSplitter(Qt::Vertical, this);
     split->setChildrenCollapsible(false);
@@ -180,42 +186,43 @@ void DocumentList::addActions() {
 ColumnSpecs DocumentList::headColumns() const {
     ColumnSpecs columns = {text(u"number", u"单据号", 132),
                            column(u"date", u"日期", ValueKind::date),
-                           text(u"partner", m_spec.isSale() ? u"客户" : u"供货商", 160),
+                           text(u"partner", m_spec.isSale() ? u"客户" : u"供货商", 152),
                            text(u"warehouse", u"仓库", 88)};
     if (m_spec.hasMoney) {
         columns.push_back(
             summed(column(u"due", m_spec.isSale() ? u"应收金额" : u"应付金额", ValueKind::amount)));
         columns.push_back(summed(
             column(u"paid", m_spec.isSale() ? u"实收金额" : u"实付金额", ValueKind::amount)));
-        columns.push_back(summed(column(u"off", u"优惠金额", ValueKind::amount, 92)));
+        columns.push_back(summed(column(u"off", u"优惠金额", ValueKind::amount, 88)));
         columns.push_back(summed(
             column(u"rest", m_spec.isSale() ? u"未收金额" : u"未付金额", ValueKind::amount)));
     } else {
         columns.push_back(summed(column(u"quantity", u"数量", ValueKind::quantity)));
     }
-    columns.push_back(text(u"clerk", u"经手人", 80));
-    columns.push_back(text(u"operator", u"操作员", 80));
-    columns.push_back(text(u"note", u"备注", 140));
-    columns.push_back(text(u"checker", u"审核人", 80));
-    columns.push_back(text(u"checkDate", u"审核时间", 150));
+    columns.push_back(text(u"clerk", u"经手人", 76));
+    columns.push_back(text(u"operator", u"操作员", 72));
+    columns.push_back(text(u"note", u"备注", 100));
+    columns.push_back(text(u"checker", u"审核人", 72));
+    columns.push_back(text(u"checkDate", u"审核时间", 104));
     return columns;
 }
 
 ColumnSpecs DocumentList::lineColumnsOfKind() const {
-    ColumnSpecs columns = {text(u"g_sn", u"商品编号", 96),
-                           text(u"g_name", u"商品名称", 168),
-                           text(u"g_tym", u"有效成分", 112),
+    ColumnSpecs columns = {text(u"g_sn", u"商品编号", 92),
+                           text(u"g_name", u"商品名称", 176),
+                           text(u"g_tym", u"有效成分", 88),
                            hidden(text(u"g_yjlx", u"剂型", 72)),
-                           text(u"gg_name", u"规格", 88),
-                           text(u"dw_name", u"单位", 56),
-                           summed(column(u"quantity", u"数量", ValueKind::quantity))};
+                           text(u"gg_name", u"规格", 72),
+                           text(u"dw_name", u"单位", 52),
+                           summed(column(u"quantity", u"数量", ValueKind::quantity, 76))};
     if (m_spec.hasMoney) {
         const Parameters &p = context().session.parameters;
-        columns.push_back(p.pricesIncludeTax ? column(u"taxPrice", u"含税单价", ValueKind::price)
-                                             : column(u"price", u"单价", ValueKind::price));
+        columns.push_back(p.pricesIncludeTax
+                              ? column(u"taxPrice", u"含税单价", ValueKind::price, 80)
+                              : column(u"price", u"单价", ValueKind::price, 80));
         if (m_spec.isSale())
-            columns.push_back(column(u"discount", u"折扣", ValueKind::factor, 64));
-        columns.push_back(summed(column(u"total", u"金额", ValueKind::amount)));
+            columns.push_back(column(u"discount", u"折扣", ValueKind::factor, 56));
+        columns.push_back(summed(column(u"total", u"金额", ValueKind::amount, 96)));
         if (p.pricesIncludeTax || !p.taxRate.isZero())
             columns.push_back(summed(column(u"taxAmount", u"税额", ValueKind::amount, 88)));
         if (m_spec.isSale()) {
@@ -232,13 +239,13 @@ ColumnSpecs DocumentList::lineColumnsOfKind() const {
             columns.push_back(hidden(column(u"cancelled", u"取消数量", ValueKind::quantity)));
         }
     }
-    columns.push_back(text(u"batch", u"批号", 104));
-    columns.push_back(column(u"produced", u"生产日期", ValueKind::date));
-    columns.push_back(column(u"expiry", u"有效期至", ValueKind::date));
+    columns.push_back(text(u"batch", u"批号", 100));
+    columns.push_back(column(u"produced", u"生产日期", ValueKind::date, 96));
+    columns.push_back(column(u"expiry", u"有效期至", ValueKind::date, 96));
     if (m_spec.followsSource || m_spec.isReturn)
         columns.push_back(text(u"source", u"原单号", 124));
-    columns.push_back(text(u"maker", u"生产厂商", 140));
-    columns.push_back(text(u"note", u"备注", 120));
+    columns.push_back(text(u"maker", u"生产厂商", 120));
+    columns.push_back(text(u"note", u"备注", 72));
     return columns;
 }
 

@@ -1,5 +1,6 @@
 #include "ui/field_input.h"
 
+#include "core/prompter.h"
 #include "core/session.h"
 #include "master/record.h"
 #include "ui/date_field.h"
@@ -168,6 +169,7 @@ void FieldInput::makePick(QWidget *parent) {
     };
     connect(m_pick, &PickField::chosen, this, &FieldInput::edited);
     connect(m_pick, &PickField::cleared, this, &FieldInput::edited);
+    connect(m_pick, &PickField::notFound, this, &FieldInput::offerToAdd);
     if (m_place == Place::dialog && findMasterKind(m_field.pick.table) != nullptr)
         addListButton(parent, m_pick);
 }
@@ -191,6 +193,8 @@ void FieldInput::addListButton(QWidget *parent, QWidget *field) {
     button->setText(QStringLiteral("…"));
     button->setToolTip(QStringLiteral("打开列表，增加或选择 (Ctrl+Ins)"));
     button->setFocusPolicy(Qt::NoFocus);
+    button->setStyleSheet(QStringLiteral("padding: 0 4px;"));
+    button->setFixedHeight(field->sizeHint().height());
     row->addWidget(field, 1);
     row->addWidget(button);
     connect(button, &QToolButton::clicked, this, &FieldInput::openList);
@@ -208,10 +212,30 @@ void FieldInput::openList() {
     Q_EMIT edited();
 }
 
+/// A new unit or specification is typed where it is needed; what is more than a name is added by
+/// its editor.
+void FieldInput::offerToAdd(const QString &typed) {
+    const MasterKind *list = findMasterKind(m_field.pick.table);
+    if (typed.isEmpty() || list == nullptr || !list->isSmallList ||
+        !m_context.prompter.confirm(
+            QStringLiteral("%1“%2”不存在，现在增加吗？").arg(list->noun, typed), confirmCaption))
+        return;
+    Record record = newRecord(m_context.session, *list);
+    record.set(list->nameColumn, typed);
+    const Outcome outcome = saveRecord(m_context.session, m_context.prompter, *list, record);
+    if (!outcome.isDone()) {
+        m_context.prompter.inform(outcome.text, informCaption);
+        return;
+    }
+    m_pick->setChoice(record.text(m_field.pick.valueColumn), record.text(list->nameColumn));
+    Q_EMIT edited();
+}
+
 void FieldInput::fill(const Record &record) {
     m_stored = record.text(m_field.column);
     m_show(record);
     m_shown = m_read();
+    m_filled = true;
 }
 
 void FieldInput::collect(Record &record) const {
@@ -219,12 +243,15 @@ void FieldInput::collect(Record &record) const {
 }
 
 bool FieldInput::commit() {
-    return m_pick == nullptr || m_readOnly || !m_pick->isTyped() || m_pick->commitTyped();
+    if (m_pick == nullptr || m_readOnly || !m_pick->isTyped())
+        return true;
+    return m_pick->commitTyped() || !m_pick->isTyped(); // it may have been added just now
 }
 
 void FieldInput::setReadOnly(bool on) {
     m_readOnly = on;
-    if (auto *typed = qobject_cast<QLineEdit *>(m_target)) {
+    if (auto *typed = qobject_cast<QLineEdit *>(m_target);
+        typed != nullptr && !m_field.pick.several) {
         typed->setReadOnly(on);
         typed->setFocusPolicy(on ? Qt::ClickFocus : Qt::StrongFocus);
     } else {

@@ -36,7 +36,7 @@ public:
     void collect(Record &record) const;
     /// The field's text as a record holds it.
     [[nodiscard]] QString text() const { return m_read(); }
-    [[nodiscard]] bool isTouched() const { return m_read() != m_shown; }
+    [[nodiscard]] bool isTouched() const { return m_filled && m_read() != m_shown; }
     /// Takes what was typed into a picker, as Enter does; false when there is nothing like that.
     [[nodiscard]] bool commit();
     void setReadOnly(bool on);
@@ -58,6 +58,7 @@ private:
     void makeShown(QWidget *parent);
     void addListButton(QWidget *parent, QWidget *field);
     void openList();
+    void offerToAdd(const QString &typed);
 
     FormContext m_context;
     QString m_table;
@@ -69,6 +70,7 @@ private:
     std::function<void(const Record &)> m_show;
     QString m_shown;  ///< what the widget read after filling
     QString m_stored; ///< what the record held then
+    bool m_filled = false;
     bool m_readOnly = false;
 };
 

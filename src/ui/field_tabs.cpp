@@ -23,6 +23,7 @@ bool isLong(const QString &table, const MasterField &field) {
     const Column *description = column(table, field.column);
     return field.pick.table.isEmpty() && !field.unique && field.choices.empty() &&
            description != nullptr && description->isText() &&
+           !field.column.endsWith(QLatin1String("_jm")) &&
            (description->length >= longText || description->type == ColumnType::Text);
 }
 

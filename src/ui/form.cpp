@@ -37,7 +37,7 @@ void Form::showModal() {
 }
 
 bool Form::runModal() {
-    FormActivate();
+    showModal(); // a cell can be opened for typing only where it is seen
     return exec() == QDialog::Accepted;
 }
 

@@ -48,6 +48,9 @@ int Formats::decimals(ValueKind kind) const {
 }
 
 QString Formats::cell(const ColumnSpec &column, const Row &row, size_t index) const {
+    if (!column.words.isEmpty())
+        if (const auto word = column.words.constFind(row.text(index)); word != column.words.cend())
+            return *word;
     // No figure at all is not a nought.
     if (isNumber(column.kind))
         return row.isNull(index) ? QString() : text(column.kind, row.decimal(index));
@@ -56,8 +59,6 @@ QString Formats::cell(const ColumnSpec &column, const Row &row, size_t index) co
         return stored == QLatin1String("1") ? QStringLiteral("已审核") : QStringLiteral("未审核");
     if (column.kind == ValueKind::flag)
         return stored.isEmpty() || stored == QLatin1String("0") ? QString() : QStringLiteral("√");
-    if (!column.words.isEmpty())
-        return column.words.value(stored, stored);
     // A batch without expiry is stored with one that never comes.
     if (column.kind == ValueKind::date && stored == QLatin1String("0000-00"))
         return {};

@@ -26,7 +26,9 @@ ColumnSpecs goodsColumnsFor(bool forSale) {
         afterGoodsName({column(u"kc_sl", u"库存数量", ValueKind::quantity, 84),
                         forSale ? sellingPriceOnly(column(u"g_sj", u"售价", ValueKind::price, 80))
                                 : costOnly(column(u"kc_cbj", u"成本价", ValueKind::price, 80))});
-    columns.front().width = 124; // the tick stands before the code
+    columns.front().width = 124;       // the tick stands before the code
+    for (ColumnSpec &column : columns) // found by, but no room to show it beside what was taken
+        column.hidden = column.hidden || column.field == u"g_tym";
     return columns;
 }
 

@@ -10,7 +10,6 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFileDialog>
 #include <QTimer>
 #include <algorithm>
 
@@ -74,6 +73,7 @@ Grid::Grid(const FormContext &context, const QString &name, ColumnSpecs columns,
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->installEventFilter(this);
+    m_view->viewport()->installEventFilter(this);
     QHeaderView *header = m_view->horizontalHeader();
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
@@ -249,23 +249,11 @@ void Grid::copySelection() const {
 }
 
 void Grid::exportTo(const QString &file) {
-    const QString failure = exportGrid(picture(), Formats(m_context.session.parameters), file);
-    m_context.prompter.inform(
-        failure.isEmpty()
-            ? QStringLiteral("导出完成！\r\n\r\n%1").arg(QDir::toNativeSeparators(file))
-            : failure,
-        informCaption);
+    exportAndTell(picture(), m_context, file);
 }
 
 void Grid::chooseExport() {
-    const QString proposed = QDir::home().filePath(
-        QStringLiteral("%1%2.xlsx")
-            .arg(m_title.isEmpty() ? m_name : m_title, m_context.session.today().remove(u'-')));
-    const QString file =
-        QFileDialog::getSaveFileName(this, QStringLiteral("导出"), proposed,
-                                     QStringLiteral("Excel 工作簿 (*.xlsx);;文本表格 (*.csv)"));
-    if (!file.isEmpty())
-        exportTo(file);
+    chooseExportFile(picture(), m_context, m_title.isEmpty() ? m_name : m_title, this);
 }
 
 void Grid::print() {
@@ -340,15 +328,6 @@ void Grid::fitWidths() {
     }
 }
 
-void Grid::resizeEvent(QResizeEvent *event) {
-    QWidget::resizeEvent(event);
-    if (!m_layoutKept)
-        QTimer::singleShot(0, this, [this] {
-            if (!m_layoutKept)
-                fitWidths();
-        });
-}
-
 void Grid::sortBy(int column) {
     QHeaderView *header = m_view->horizontalHeader();
     const bool same = header->isSortIndicatorShown() && header->sortIndicatorSection() == column;
@@ -392,8 +371,10 @@ void Grid::openHeaderMenu(const QPoint &at) {
 
 void Grid::openBodyMenu(const QPoint &at) {
     QMenu menu(this);
-    menu.addActions(m_ownActions);
-    if (!m_ownActions.isEmpty())
+    for (QAction *action : std::as_const(m_ownActions))
+        if (!action->text().isEmpty()) // some are there for their key alone
+            menu.addAction(action);
+    if (!menu.isEmpty())
         menu.addSeparator();
     menu.addAction(QStringLiteral("复制\tCtrl+C"), this, &Grid::copySelection);
     menu.addAction(QStringLiteral("筛选\tCtrl+F"), this, [this] { startFilter(); });
@@ -431,7 +412,13 @@ bool Grid::filterKey(QKeyEvent *event) {
 }
 
 bool Grid::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() != QEvent::KeyPress)
+    // Also when a scroll bar comes or goes.
+    if (event->type() == QEvent::Resize && watched == m_view->viewport() && !m_layoutKept)
+        QTimer::singleShot(0, this, [this] {
+            if (!m_layoutKept)
+                fitWidths();
+        });
+    if (event->type() != QEvent::KeyPress || watched == m_view->viewport())
         return QWidget::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     if (watched == m_filter)

@@ -1,7 +1,12 @@
 #include "ui/grid_export.h"
 
+#include "core/prompter.h"
+#include "core/session.h"
 #include "sheets/write.h"
 #include "ui/grid.h"
+
+#include <QDir>
+#include <QFileDialog>
 
 namespace jxc {
 
@@ -42,6 +47,26 @@ QString exportGrid(const GridPicture &picture, const Formats &formats, const QSt
         return error.userText();
     }
     return {};
+}
+
+void exportAndTell(const GridPicture &picture, const FormContext &context, const QString &file) {
+    const QString failure = exportGrid(picture, Formats(context.session.parameters), file);
+    context.prompter.inform(
+        failure.isEmpty()
+            ? QStringLiteral("导出完成！\r\n\r\n%1").arg(QDir::toNativeSeparators(file))
+            : failure,
+        informCaption);
+}
+
+void chooseExportFile(const GridPicture &picture, const FormContext &context, const QString &name,
+                      QWidget *parent) {
+    const QString proposed = QDir::home().filePath(
+        QStringLiteral("%1%2.xlsx").arg(name, context.session.today().remove(u'-')));
+    const QString file =
+        QFileDialog::getSaveFileName(parent, QStringLiteral("导出"), proposed,
+                                     QStringLiteral("Excel 工作簿 (*.xlsx);;文本表格 (*.csv)"));
+    if (!file.isEmpty())
+        exportAndTell(picture, context, file);
 }
 
 } // namespace jxc

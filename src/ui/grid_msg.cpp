@@ -17,8 +17,8 @@ TF_GridMsg::TF_GridMsg(const FormContext &context, const QString &name, const QS
     m_grid->setTitle(title);
     m_grid->setRows(std::move(rows));
     auto *buttons = new QDialogButtonBox(this);
-    auto *ok = buttons->addButton(QStringLiteral("确定"), QDialogButtonBox::AcceptRole);
-    auto *cancel = buttons->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole);
+    auto *ok = buttons->addButton(QStringLiteral("确定 Enter"), QDialogButtonBox::AcceptRole);
+    auto *cancel = buttons->addButton(QStringLiteral("取消 Esc"), QDialogButtonBox::RejectRole);
     ok->setObjectName(QStringLiteral("btnOK"));
     cancel->setObjectName(QStringLiteral("btnCancel"));
     ok->setDefault(true);

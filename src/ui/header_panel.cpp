@@ -1,18 +1,22 @@
 #include "ui/header_panel.h"
 
+#include "core/prompter.h"
 #include "core/session.h"
 #include "db/database.h"
 #include "db/schema.h"
 #include "ui/date_field.h"
 #include "ui/formats.h"
+#include "ui/layout_store.h"
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QStyle>
 
 namespace jxc {
@@ -86,6 +90,7 @@ HeaderPanel::HeaderPanel(const FormContext &context, const DocumentFormSpec &spe
     m_number->setObjectName(QStringLiteral("number"));
     m_balance->setObjectName(QStringLiteral("balance"));
     build();
+    loadStops();
 }
 
 QWidget *HeaderPanel::make(HeaderField field) {
@@ -333,12 +338,57 @@ bool HeaderPanel::eventFilter(QObject *watched, QEvent *event) {
     if (auto *choice = qobject_cast<PickField *>(watched);
         choice != nullptr && choice->isTyped() && !choice->commitTyped())
         return true;
-    if (watched == widget(m_spec.header.back())) {
-        Q_EMIT finished();
-        return true;
-    }
-    focusNextChild();
+    advance(static_cast<QWidget *>(watched));
     return true;
+}
+
+/// To the next field where Enter stops; after the last one the lines begin.
+void HeaderPanel::advance(const QWidget *from) {
+    bool passed = false;
+    for (const HeaderField field : m_spec.header) {
+        QWidget *target = widget(field);
+        if (passed && target->isEnabled() && m_stops.contains(target->objectName())) {
+            focusField(field);
+            return;
+        }
+        passed = passed || target == from;
+    }
+    Q_EMIT finished();
+}
+
+/// At first Enter asks for what no document goes without; Tab reaches everything.
+void HeaderPanel::loadStops() {
+    m_stops = LayoutStore(m_context.home, m_spec.formClass + QStringLiteral("_Head"))
+                  .list(QStringLiteral("stops"));
+    if (!m_stops.isEmpty())
+        return;
+    for (const HeaderField field : {HeaderField::date, HeaderField::partner, HeaderField::warehouse,
+                                    HeaderField::clerk, HeaderField::supplierNumber})
+        if (m_spec.header.end() != std::find(m_spec.header.begin(), m_spec.header.end(), field))
+            m_stops << captionOf(field, m_spec);
+}
+
+void HeaderPanel::contextMenuEvent(QContextMenuEvent *event) {
+    QMenu menu(this);
+    menu.addSection(QStringLiteral("录入顺序（回车停留）"));
+    for (const HeaderField field : m_spec.header) {
+        if (isForLater(field))
+            continue;
+        const QString caption = captionOf(field, m_spec);
+        QAction *action = menu.addAction(caption);
+        action->setCheckable(true);
+        action->setChecked(m_stops.contains(caption));
+        connect(action, &QAction::toggled, this, [this, caption](bool on) {
+            m_stops.removeAll(caption);
+            if (on)
+                m_stops << caption;
+            const LayoutStore store(m_context.home, m_spec.formClass + QStringLiteral("_Head"));
+            if (!store.saveList(QStringLiteral("stops"), m_stops))
+                m_context.prompter.inform(QStringLiteral("布局不能保存，请检查文件夹是否可写！"),
+                                          informCaption);
+        });
+    }
+    menu.exec(event->globalPos());
 }
 
 } // namespace jxc

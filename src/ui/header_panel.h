@@ -49,9 +49,13 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    /// Right click: at which fields Enter stops.
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void build();
+    void loadStops();
+    void advance(const QWidget *from);
     QWidget *make(HeaderField field);
     PickField *pick(HeaderField field) const;
     void openPhrases();
@@ -59,6 +63,7 @@ private:
     FormContext m_context;
     const DocumentFormSpec &m_spec;
     QHash<int, QWidget *> m_widgets;
+    QStringList m_stops; ///< captions of the fields where Enter stops
     QLineEdit *m_number;
     QLabel *m_balance;
 };

@@ -46,6 +46,8 @@ QStringList LayoutStore::list(const QString &key) const {
 }
 
 bool LayoutStore::saveList(const QString &key, const QStringList &values) const {
+    if (!QDir().mkpath(QFileInfo(m_file).path()))
+        return false;
     QSettings file(m_file, QSettings::IniFormat);
     file.setValue(key, values);
     file.sync();

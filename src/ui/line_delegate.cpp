@@ -73,7 +73,7 @@ QWidget *LineDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     }
     // By its class, or the list that drops down from it would look so too.
     editor->setStyleSheet(
-        QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 7px; }"));
+        QStringLiteral("QLineEdit { border-radius: 0; min-height: 0; padding: 0 8px; }"));
     return editor;
 }
 

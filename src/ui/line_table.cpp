@@ -44,6 +44,7 @@ LineTable::LineTable(const FormContext &context, const QString &name, DocumentLi
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     m_sums = new SumsRow(horizontalHeader(), parent);
     connect(horizontalHeader(), &QHeaderView::customContextMenuRequested, this,

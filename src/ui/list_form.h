@@ -1,46 +1,15 @@
 #pragma once
 
+#include "ui/action_bar.h"
 #include "ui/form.h"
 #include "ui/grid.h"
 
-#include <QKeySequence>
-#include <functional>
-
 class QBoxLayout;
 class QHBoxLayout;
-class QLineEdit;
 
 namespace jxc {
 
 class PeriodBar;
-
-/// A row of buttons, each with its key beside it. The same actions stand in the grid's right click.
-class ActionBar : public QWidget {
-    Q_OBJECT
-public:
-    explicit ActionBar(QWidget *parent);
-
-    QAction *add(const QString &name, const QString &caption, const QKeySequence &key,
-                 std::function<void()> run);
-    void addSeparator();
-    /// Marks a place among the actions; after goToPlace() further ones come there. So a form that
-    /// is built on another can put its own actions where they belong.
-    void markPlace();
-    void goToPlace();
-    /// Something at the right end; with a stretch it gives way on a small screen, down to its
-    /// smallest width.
-    void addRight(QWidget *widget, int stretch = 0);
-    /// A search box as wide as there is room.
-    void addSearch(QLineEdit *search);
-
-private:
-    void insert(QWidget *widget);
-
-    QHBoxLayout *m_layout;
-    int m_right = 0;  ///< widgets after the stretch
-    int m_place = -1; ///< where later forms insert
-    bool m_atPlace = false;
-};
 
 /// A window around one list: buttons, search, filters, grid.
 class ListForm : public Form {
@@ -50,6 +19,7 @@ public:
              QWidget *parent = nullptr);
 
     [[nodiscard]] Grid &grid() { return *m_grid; }
+    [[nodiscard]] const Grid &grid() const { return *m_grid; }
     void FormActivate() override;
     /// Reads the rows anew and stays on the row it was on.
     void refresh();

@@ -16,14 +16,20 @@ QString titleOf(const MasterKind &kind) {
                                                                  : QStringLiteral("设置"));
 }
 
-/// Names and addresses want room; codes and single words do not.
+/// Names want room; codes do not; of ticks the caption is the wider part.
 int widthOf(const MasterKind &kind, const MasterColumn &column) {
+    if (column.kind == ValueKind::flag)
+        return 24 + 14 * static_cast<int>(column.caption.size());
     if (column.kind != ValueKind::text)
         return 0;
     if (column.column == kind.nameColumn)
-        return 168;
+        return 196;
     if (column.column == kind.codeColumn || column.column == kind.mnemonicColumn)
         return 92;
+    if (column.column == QLatin1String("dw_name"))
+        return 64;
+    if (column.column == QLatin1String("g_sptm"))
+        return 136; // an EAN-13 in full
     return 0;
 }
 
@@ -72,8 +78,8 @@ void MasterForm::addListActions() {
         addAction(QStringLiteral("btnImport"), QStringLiteral("导入"), {},
                   [this] { btnImportClick(); });
     addCommonActions();
-    addSmallLists();
     addDisabledBox();
+    addSmallLists();
 }
 
 void MasterForm::addDisabledBox() {
@@ -83,7 +89,7 @@ void MasterForm::addDisabledBox() {
     m_disabled->setObjectName(QStringLiteral("chkDisabled"));
     m_disabled->setFocusPolicy(Qt::NoFocus);
     connect(m_disabled, &QCheckBox::toggled, this, &MasterForm::refresh);
-    actions().addRight(m_disabled);
+    addFilter(m_disabled);
 }
 
 /// The lists that the fields are picked from.
@@ -107,7 +113,15 @@ void MasterForm::addSmallLists() {
     button->setShortcut(QKeySequence(QStringLiteral("Alt+B")));
     button->setPopupMode(QToolButton::InstantPopup);
     button->setMenu(menu);
-    actions().addRight(button);
+    addFilter(button);
+}
+
+/// Filters stand at the left of their line, and it ends behind the last of them.
+void MasterForm::addFilter(QWidget *filter) {
+    QBoxLayout *line = filterLine();
+    if (line->count() == 0)
+        line->addStretch(1);
+    line->insertWidget(line->count() - 1, filter);
 }
 
 Rows MasterForm::read(const QString &search) {

@@ -42,6 +42,8 @@ protected:
     // The groups of buttons, for forms that put their own between them.
     void addRowActions();
     void addListActions();
+    /// Into the line between buttons and grid.
+    void addFilter(QWidget *filter);
 
 private:
     void showKindColumns();

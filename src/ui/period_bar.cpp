@@ -6,6 +6,7 @@
 #include <QButtonGroup>
 #include <QDate>
 #include <QLabel>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace jxc {
@@ -59,13 +60,21 @@ PeriodBar::PeriodBar(const QString &today, PeriodChoice first, QWidget *parent)
         button->setText(caption);
         button->setCheckable(true);
         button->setFocusPolicy(Qt::NoFocus);
+        const auto choice = static_cast<PeriodChoice>(id);
+        const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + id));
+        button->setToolTip(key.toString(QKeySequence::NativeText));
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, choice] { choose(choice); });
         m_buttons->addButton(button, id++);
         layout->addWidget(button);
     }
     m_from->setFixedWidth(100);
     m_to->setFixedWidth(100);
+    layout->addSpacing(4);
     layout->addWidget(m_from);
-    layout->addWidget(new QLabel(QStringLiteral(" 至 "), this));
+    layout->addSpacing(4);
+    layout->addWidget(new QLabel(QStringLiteral("至"), this));
+    layout->addSpacing(4);
     layout->addWidget(m_to);
     connect(m_buttons, &QButtonGroup::idClicked, this,
             [this](int choice) { choose(static_cast<PeriodChoice>(choice)); });
@@ -89,8 +98,11 @@ void PeriodBar::choose(PeriodChoice choice) {
 }
 
 void PeriodBar::setPeriod(const Period &period) {
-    m_from->setDate(period.from);
-    m_to->setDate(period.to);
+    { // one change, not two
+        const QSignalBlocker from(m_from), to(m_to);
+        m_from->setDate(period.from);
+        m_to->setDate(period.to);
+    }
     typed();
 }
 

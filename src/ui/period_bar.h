@@ -20,7 +20,7 @@ enum class PeriodChoice { today, thisWeek, thisMonth, lastMonth, thisYear, allTi
 /// 9999-12-31.
 [[nodiscard]] Period periodOf(PeriodChoice choice, const QString &today);
 
-/// 今天 本周 本月 上月 本年 全部 and the two dates.
+/// 今天 本周 本月 上月 本年 全部, by Alt+1 to Alt+6 too, and the two dates.
 class PeriodBar : public QWidget {
     Q_OBJECT
 public:

@@ -12,8 +12,8 @@ PlainEditor::PlainEditor(const FormContext &context, const QString &className, c
                          QWidget *parent)
     : Form(context, className, title, parent)
     , m_fields(new QFormLayout)
-    , m_ok(new QPushButton(QStringLiteral("确定 (F5)")))
-    , m_cancel(new QPushButton(QStringLiteral("取消 (Esc)"))) {
+    , m_ok(new QPushButton(QStringLiteral("确定 F5")))
+    , m_cancel(new QPushButton(QStringLiteral("取消 Esc"))) {
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     m_ok->setObjectName(QStringLiteral("btnOK"));
     m_cancel->setObjectName(QStringLiteral("btnCancel"));

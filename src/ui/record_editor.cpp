@@ -25,7 +25,7 @@ RecordEditor::RecordEditor(const FormContext &context, const MasterKind &kind, Q
     : Form(context, kind.form + QStringLiteral("_Add"), kind.noun, parent)
     , m_kind(kind)
     , m_tabs(new FieldTabs(context, this))
-    , m_ok(new QPushButton(QStringLiteral("确定 (F5)"), this)) {
+    , m_ok(new QPushButton(QStringLiteral("确定 F5"), this)) {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(16, 12, 16, 12);
     column->setSpacing(12);
@@ -42,8 +42,8 @@ RecordEditor::RecordEditor(const FormContext &context, const MasterKind &kind, Q
 }
 
 void RecordEditor::addButtons(QBoxLayout *column) {
-    auto *more = new QPushButton(QStringLiteral("确定并继续 (F6)"), this);
-    auto *cancel = new QPushButton(QStringLiteral("取消 (Esc)"), this);
+    auto *more = new QPushButton(QStringLiteral("确定并继续 F6"), this);
+    auto *cancel = new QPushButton(QStringLiteral("取消 Esc"), this);
     m_ok->setObjectName(QStringLiteral("btnOK"));
     more->setObjectName(QStringLiteral("btnContinue"));
     cancel->setObjectName(QStringLiteral("btnCancel"));

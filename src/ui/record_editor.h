@@ -25,6 +25,7 @@ public:
     /// The row that was stored last.
     [[nodiscard]] const Record &saved() const { return m_saved; }
     [[nodiscard]] FieldInput *input(QStringView column) const { return m_tabs->input(column); }
+    [[nodiscard]] FieldTabs &tabs() const { return *m_tabs; }
     [[nodiscard]] const MasterKind &kind() const { return m_kind; }
 
     void FormActivate() override;
@@ -57,8 +58,6 @@ protected:
     virtual void focusRefused(const QString &column);
 
     void keyPressEvent(QKeyEvent *event) override;
-
-    [[nodiscard]] FieldTabs &tabs() const { return *m_tabs; }
 
 private:
     void addButtons(QBoxLayout *column);

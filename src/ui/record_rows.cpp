@@ -37,15 +37,17 @@ Record RecordRows::record(int row) const {
 void RecordRows::setRecord(int row, const Record &record) {
     if (!isBlank(row)) {
         m_records[static_cast<size_t>(row)] = record;
-        Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
     } else if (record.isChanged()) {
+        // The blank line itself becomes the record, so that the cursor stays in it; a new blank one
+        // comes below.
         row = static_cast<int>(m_records.size());
-        beginInsertRows({}, row, row);
+        beginInsertRows({}, row + 1, row + 1);
         m_records.push_back(record);
         endInsertRows();
     } else {
         return;
     }
+    Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
     Q_EMIT edited(row);
 }
 

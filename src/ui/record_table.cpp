@@ -48,6 +48,7 @@ RecordTable::RecordTable(const FormContext &context, const QString &name, const 
     setCornerButtonEnabled(false);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsMovable(true);
+    horizontalHeader()->setStretchLastSection(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
     restoreLayout();
 }

@@ -16,6 +16,20 @@ public:
 
     void add(std::vector<Cell> cells) { m_rows.emplace_back(m_columns, std::move(cells)); }
     [[nodiscard]] Rows take() { return std::move(m_rows); }
+    /// The rows that have the text in one of their texts, large and small letters alike; for lists
+    /// that are short enough to search in memory.
+    [[nodiscard]] Rows takeMatching(const QString &search) {
+        const auto matches = [&](const Row &row) {
+            for (size_t i = 0; i < row.columns().names().size(); ++i)
+                if (const auto *text = std::get_if<QString>(&row.cell(i)))
+                    if (text->contains(search, Qt::CaseInsensitive))
+                        return true;
+            return false;
+        };
+        if (!search.isEmpty())
+            std::erase_if(m_rows, [&](const Row &row) { return !matches(row); });
+        return take();
+    }
 
 private:
     std::shared_ptr<const Columns> m_columns;

@@ -28,6 +28,14 @@ QColor colourOf(Tone tone) {
     return theme.text;
 }
 
+int alignmentOf(ValueKind kind) {
+    if (isNumber(kind))
+        return int(Qt::AlignRight | Qt::AlignVCenter);
+    if (kind == ValueKind::flag || kind == ValueKind::status)
+        return int(Qt::AlignCenter);
+    return int(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
 /// Chinese by pinyin, as users look things up; figures inside texts by value.
 const QCollator &collator() {
     static const QCollator chinese = [] {
@@ -257,11 +265,7 @@ QVariant RowsModel::data(const QModelIndex &index, int role) const {
     case Qt::ToolTipRole:
         return cellText(index.row(), index.column());
     case Qt::TextAlignmentRole:
-        if (isNumber(column.kind))
-            return int(Qt::AlignRight | Qt::AlignVCenter);
-        if (column.kind == ValueKind::flag || column.kind == ValueKind::status)
-            return int(Qt::AlignCenter);
-        return int(Qt::AlignLeft | Qt::AlignVCenter);
+        return alignmentOf(column.kind);
     case Qt::ForegroundRole:
         if (m_tone)
             if (const Tone tone = m_tone(at(index.row()), column); tone != Tone::plain)
@@ -287,7 +291,7 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole)
         return column.caption;
     if (role == Qt::TextAlignmentRole)
-        return int(Qt::AlignVCenter | (isNumber(column.kind) ? Qt::AlignRight : Qt::AlignLeft));
+        return alignmentOf(column.kind);
     return {};
 }
 

@@ -13,7 +13,9 @@ SeveralField::SeveralField(const FormContext &context, const MasterField &field,
     : QLineEdit(parent)
     , m_context(context)
     , m_field(field) {
-    setReadOnly(true);
+    setReadOnly(true); // by typing; it is no dead field, and does not look like one
+    setStyleSheet(QStringLiteral("QLineEdit:enabled { color: palette(text); "
+                                 "background: palette(base); }"));
     setPlaceholderText(QStringLiteral("F2 选择"));
 }
 

@@ -8,8 +8,7 @@
 #include "ui/list_form.h"
 #include "ui/record_table.h"
 
-#include <QDir>
-#include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -24,21 +23,22 @@ SmallListForm::SmallListForm(const FormContext &context, const MasterKind &kind,
           kind.fields, Formats(context.session.parameters),
           [this] { return newRecord(session(), m_kind); }, this))
     , m_table(new RecordTable(context, kind.form, kind.table, m_rows, this))
+    , m_bar(new ActionBar(this))
     , m_search(new QLineEdit(this)) {
-    auto *bar = new ActionBar(this);
-    addActions(*bar);
+    addActions(*m_bar);
+    addRelated();
     m_search->setPlaceholderText(QStringLiteral("查找 F3"));
     m_search->setClearButtonEnabled(true);
     m_search->setFixedWidth(160);
     m_search->setMaxLength(100);
-    bar->addRight(m_search);
+    m_bar->addRight(m_search);
     auto *hint = new QLabel(
         QStringLiteral("直接在表格中录入：最后一行增加，离开该行即保存，Esc 撤消该行。"), this);
     hint->setProperty("quiet", true);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(12, 8, 12, 12);
     column->setSpacing(8);
-    column->addWidget(bar);
+    column->addWidget(m_bar);
     column->addWidget(m_table, 1);
     column->addWidget(hint);
     // What has expired may not be sold by.
@@ -66,8 +66,6 @@ void SmallListForm::addActions(ActionBar &bar) {
     add(u"btnModi", u"修改", Qt::Key_F4, [this] { btnModiClick(); });
     add(u"btnDele", u"删除", Qt::Key_Delete, [this] { btnDeleClick(); });
     add(u"btnFind", u"查询", Qt::Key_F5, [this] { btnFindClick(); });
-    add(u"btnChoose", u"选择", Qt::Key_F6, [this] { choose(); });
-    m_actions.last()->setVisible(false);
     add(u"btnPrint", u"打印", Qt::Key_F12,
         [this] { previewGrid(m_table->picture(windowTitle()), context(), this); });
     add(u"btnExport", u"导出", QKeySequence(QStringLiteral("Ctrl+E")),
@@ -77,6 +75,17 @@ void SmallListForm::addActions(ActionBar &bar) {
     find->setShortcut(Qt::Key_F3);
     QWidget::addAction(find);
     connect(find, &QAction::triggered, m_search, qOverload<>(&QWidget::setFocus));
+}
+
+/// The watched kinds of goods are kept together with the other lists that the papers speak of.
+void SmallListForm::addRelated() {
+    if (m_kind.table != QLatin1String("jxc_gspcs"))
+        return;
+    for (const char16_t *table : {u"jxc_yjlx", u"jxc_tym", u"jxc_color", u"jxc_hjxx"}) {
+        const MasterKind &list = masterKind(QString::fromUtf16(table));
+        m_bar->add(list.form, list.noun, {},
+                   [this, &list] { context().stage.openForm(list.form, {}); });
+    }
 }
 
 void SmallListForm::openMenu(const QPoint &at) {
@@ -117,18 +126,18 @@ void SmallListForm::refresh() {
 void SmallListForm::FormActivate() {
     m_chosen = {};
     refresh();
-    if (m_choosing)
+    if (m_choosing) {
         m_table->startNewRow();
-    else
-        m_table->setCurrentIndex(m_rows->index(0, m_rows->columnOf(m_kind.nameColumn)));
+        return;
+    }
+    m_table->setCurrentIndex(m_rows->index(0, m_rows->columnOf(m_kind.nameColumn)));
     m_table->setFocus();
 }
 
 void SmallListForm::startChoosing() {
     m_choosing = true;
-    for (QAction *action : std::as_const(m_actions))
-        if (action->objectName() == QLatin1String("btnChoose"))
-            action->setVisible(true);
+    m_actions << m_bar->add(QStringLiteral("btnChoose"), QStringLiteral("选择"), Qt::Key_F6,
+                            [this] { choose(); });
 }
 
 bool SmallListForm::saveRow(int row) {
@@ -190,12 +199,16 @@ void SmallListForm::undo() {
 }
 
 /// Esc takes back what was typed in the row, and closes when there is nothing to take back.
-void SmallListForm::reject() {
+void SmallListForm::keyPressEvent(QKeyEvent *event) {
     const int row = m_table->currentIndex().row();
-    if (!m_rows->isBlank(row) && m_rows->record(row).isChanged() && m_table->hasFocus()) {
+    if (event->key() == Qt::Key_Escape && !m_rows->isBlank(row) && m_rows->record(row).isChanged())
         undo();
-        return;
-    }
+    else
+        Form::keyPressEvent(event);
+}
+
+/// Closing stores what was typed; a refusal keeps the form open.
+void SmallListForm::reject() {
     if (!saveCurrent())
         return;
     if (m_choosing && !m_chosen.isNew())
@@ -269,22 +282,8 @@ void SmallListForm::btnFindClick() {
 }
 
 void SmallListForm::btnExportClick() {
-    if (!saveCurrent())
-        return;
-    const QString file = QFileDialog::getSaveFileName(
-        this, QStringLiteral("导出"),
-        QDir::home().filePath(windowTitle() + session().today().remove(u'-') +
-                              QStringLiteral(".xlsx")),
-        QStringLiteral("Excel 工作簿 (*.xlsx);;文本表格 (*.csv)"));
-    if (file.isEmpty())
-        return;
-    const QString failure =
-        exportGrid(m_table->picture(windowTitle()), Formats(session().parameters), file);
-    prompter().inform(
-        failure.isEmpty()
-            ? QStringLiteral("导出完成！\r\n\r\n%1").arg(QDir::toNativeSeparators(file))
-            : failure,
-        informCaption);
+    if (saveCurrent())
+        chooseExportFile(m_table->picture(windowTitle()), context(), windowTitle(), this);
 }
 
 } // namespace jxc

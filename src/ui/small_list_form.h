@@ -36,8 +36,12 @@ public Q_SLOTS:
     void btnFindClick();
     void btnExportClick();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void addActions(ActionBar &bar);
+    void addRelated();
     void openMenu(const QPoint &at);
     void choose();
     void refresh();
@@ -52,6 +56,7 @@ private:
     const MasterKind &m_kind;
     RecordRows *m_rows;
     RecordTable *m_table;
+    ActionBar *m_bar;
     QLineEdit *m_search;
     Record m_chosen;
     QList<QAction *> m_actions;

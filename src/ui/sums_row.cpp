@@ -6,6 +6,13 @@
 
 namespace jxc {
 
+namespace {
+
+/// Where the figures of the cells above end.
+constexpr int cellMargin = 11;
+
+} // namespace
+
 SumsRow::SumsRow(QHeaderView *columns, QWidget *parent)
     : QWidget(parent)
     , m_columns(columns) {
@@ -51,7 +58,7 @@ void SumsRow::paintEvent(QPaintEvent *) {
         const int wanted = painter.fontMetrics().horizontalAdvance(sum) + 16;
         const int size = m_columns->sectionSize(i);
         const QRect place(left - qMax(0, wanted - size), 0, qMax(size, wanted), height());
-        painter.drawText(place.adjusted(8, 0, -11, 0), int(Qt::AlignRight | Qt::AlignVCenter), sum);
+        painter.drawText(place.adjusted(8, 0, -cellMargin, 0), int(Qt::AlignRight | Qt::AlignVCenter), sum);
         labelEnd = qMin(labelEnd, place.left());
     }
     painter.setFont(font());

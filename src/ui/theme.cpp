@@ -54,22 +54,21 @@ QPalette paletteOf(const Theme &t) {
 QString styleSheetOf(const Theme &t) {
     QString sheet = QStringLiteral(R"(
 QToolTip { border: 1px solid @line; padding: 4px; background: @surface; color: @text; }
-QLineEdit, QPlainTextEdit, QTextEdit, QComboBox, QDateEdit, QSpinBox {
+QLineEdit, QPlainTextEdit, QTextEdit, QComboBox, QAbstractSpinBox {
     background: @surface; border: 1px solid @line; border-radius: 4px; padding: 0 8px;
     min-height: 26px; selection-background-color: @accent; selection-color: @accentText; }
 QPlainTextEdit, QTextEdit { padding: 4px 8px; }
-QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus, QDateEdit:focus,
-QSpinBox:focus { border: 1px solid @accent; }
-QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled, QDateEdit:disabled,
-QPlainTextEdit:disabled { background: @window; color: @textQuiet; }
+QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QComboBox:focus,
+QAbstractSpinBox:focus { border: 1px solid @accent; }
+QLineEdit:read-only, QLineEdit:disabled, QComboBox:disabled,
+QAbstractSpinBox:disabled, QPlainTextEdit:disabled { background: @window; color: @textQuiet; }
 QComboBox QAbstractItemView { background: @surface; border: 1px solid @line; padding: 4px;
     selection-background-color: @accentQuiet; selection-color: @text; }
-QComboBox::drop-down, QDateEdit::drop-down { border: none; width: 24px; }
-QComboBox::down-arrow, QDateEdit::down-arrow, QSpinBox::down-arrow {
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow, QAbstractSpinBox::down-arrow {
     image: url(:/icons/arrow-down.svg); width: 12px; height: 12px; }
-QSpinBox::up-arrow { image: url(:/icons/arrow-up.svg); width: 12px; height: 12px; }
-QDateEdit { min-width: 96px; }
-QSpinBox::up-button, QSpinBox::down-button { border: none; width: 24px; }
+QAbstractSpinBox::up-arrow { image: url(:/icons/arrow-up.svg); width: 12px; height: 12px; }
+QAbstractSpinBox::up-button, QAbstractSpinBox::down-button { border: none; width: 24px; }
 QPushButton { background: @surface; border: 1px solid @line; border-radius: 4px;
     padding: 0 16px; min-height: 28px; min-width: 56px; }
 QPushButton:hover { border-color: @accent; }
@@ -94,7 +93,7 @@ QTreeView::item:selected, QListView::item:selected { background: @accentQuiet; c
 QTreeView::item:hover, QListView::item:hover { background: @surfaceAlt; }
 QHeaderView { background: @surfaceAlt; }
 QHeaderView::section { background: @surfaceAlt; color: @textQuiet; border: none;
-    border-right: 1px solid @line; border-bottom: 1px solid @line; padding: 4px 8px; }
+    border-right: 1px solid @line; border-bottom: 1px solid @line; padding: 4px 10px 4px 11px; }
 QTableCornerButton::section { background: @surfaceAlt; border: none; }
 QTabWidget::pane { border: 1px solid @line; border-radius: 4px; background: @surface; top: -1px; }
 QTabBar::tab { background: transparent; padding: 6px 16px; color: @textQuiet;
@@ -114,6 +113,7 @@ QScrollBar::handle { background: @line; border-radius: 4px; margin: 2px; min-hei
 QScrollBar::handle:hover { background: @textQuiet; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+QAbstractScrollArea::corner { background: transparent; border: none; }
 QProgressBar { border: 1px solid @line; border-radius: 4px; background: @surface;
     text-align: center; min-height: 20px; }
 QProgressBar::chunk { background: @accent; border-radius: 3px; }

@@ -2,7 +2,7 @@
 #include "app/tf_loading.h"
 #include "app/tf_login.h"
 #include "core/operators.h"
-#include "support/gui.h"
+#include "support/windows.h"
 
 #include <QComboBox>
 #include <QLabel>

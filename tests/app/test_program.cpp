@@ -7,7 +7,7 @@
 #include "core/backup.h"
 #include "core/operation_log.h"
 #include "db/creation.h"
-#include "support/gui.h"
+#include "support/windows.h"
 
 #include <QDateEdit>
 #include <QDir>

@@ -337,9 +337,9 @@ void TestAdmin::logViewer() {
     write(u"2026-03-21 00:00:00", u"admin", u"折扣 5%_\\");
     const auto found = [&](const char16_t *from, const char16_t *to, const char16_t *text) {
         QStringList notes;
-        for (const LogEntry &entry : searchLog(shop.session, QString::fromUtf16(from),
-                                               QString::fromUtf16(to), QString::fromUtf16(text)))
-            notes << entry.note;
+        for (const Row &entry : searchLog(shop.session, QString::fromUtf16(from),
+                                          QString::fromUtf16(to), QString::fromUtf16(text)))
+            notes << entry.text(u"log_note");
         return notes;
     };
     QCOMPARE(found(u"2026-03-01", u"2026-03-20", u"小王"),

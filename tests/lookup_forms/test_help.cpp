@@ -4,7 +4,6 @@
 #include "app/help_key.h"
 #include "app/tf_rjbz.h"
 #include "core/notes.h"
-#include "support/gui.h"
 #include "support/windows.h"
 #include "ui/document_editor.h"
 #include "ui/line_table.h"

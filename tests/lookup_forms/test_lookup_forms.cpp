@@ -7,7 +7,6 @@
 #include "stock/forms/tf_jthcx.h"
 #include "stock/forms/tf_kccx.h"
 #include "stock/forms/tf_xsdjcx.h"
-#include "support/gui.h"
 #include "support/windows.h"
 #include "ui/cost_story_window.h"
 #include "ui/goods_chooser.h"

@@ -116,6 +116,10 @@ void TestRecords::everyKindIsKept() {
         QHash<QString, QString> texts{{kind.nameColumn, u"试验甲"_qs}};
         if (kind.table == u"jxc_goods")
             texts.insert(u"dw_name"_qs, u"盒"_qs);
+        if (kind.table == u"jxc_hyfl") // behind the levels that are there
+            texts.insert({{u"hl_jfxx"_qs, u"1000000"_qs}, {u"hl_jfsx"_qs, u"2000000"_qs}});
+        if (kind.table == u"jxc_hyczzs")
+            texts.insert({{u"hs_czje"_qs, u"500"_qs}, {u"hs_zsje"_qs, u"50"_qs}});
         Record record = shop.add(kind, texts);
         const QString logged =
             kind.noun + u'：' +

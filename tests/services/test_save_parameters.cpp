@@ -24,7 +24,7 @@ DraftLine line(Decimal quantity, Decimal price) {
 struct SettingsShop : Shop {
     QString field;
 
-    Outcome keep(const Changes &changed, const Progress &progress = {}) {
+    Outcome keep(const Changes &changed, const RewalkProgress &progress = {}) {
         return saveParameters(session, user, changed, progress, &field);
     }
     /// Stock, cost and value after every row of the journal.

@@ -5,8 +5,8 @@
 #include "services/forms/tf_mryt.h"
 #include "services/forms/tf_sjtx.h"
 #include "services/today.h"
-#include "support/gui.h"
-#include "ui/plain_table.h"
+#include "support/windows.h"
+#include "ui/grid.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -43,10 +43,10 @@ struct Office {
     }
 };
 
-QStringList lines(const PlainTable &table) {
+QStringList lines(const Grid &grid) {
     QStringList all;
-    for (int row = 0; row < table.rowCount(); ++row)
-        all << table.item(row, 0)->text() + u'|' + table.item(row, 1)->text();
+    for (int line = 0; line < grid.model().rowCount(); ++line)
+        all << grid.model().cellText(line, 0) + u'|' + grid.model().cellText(line, 1);
     return all;
 }
 
@@ -198,16 +198,17 @@ void TestServicesForms::countsWhatWaits() {
     QCOMPARE(countToday(clerk).drafts, 0); // sales are none of his work
 
     auto *form = office.open<TF_Sjtx>(u"TF_Sjtx");
-    auto *today = child<PlainTable>(*form, u"gridToday"_qs);
-    QCOMPARE(lines(*today),
+    auto *view = child<QTableView>(*form, u"TF_Sjtx_Today"_qs);
+    auto &today = *qobject_cast<Grid *>(view->parentWidget());
+    QCOMPARE(lines(today),
              (QStringList{u"库存报警|1种商品低于最低库存"_qs,
                           u"近效期|2个批号已过期或在90天内到期"_qs, u"待审核|1张单据等待审核"_qs,
                           u"应收到期|1张销售单到了提醒日期，未收60.00元"_qs}));
     office.registry.add(u"TF_WlzwKh"_qs, [](const FormContext &context, QWidget *parent) {
         return new Form(context, u"TF_WlzwKh"_qs, {}, parent);
     });
-    today->selectRow(3);
-    QTest::keyClick(today, Qt::Key_Return);
+    today.goToLine(3);
+    QTest::keyClick(view, Qt::Key_Return);
     QCOMPARE(QApplication::activeModalWidget()->objectName(), u"TF_WlzwKh"_qs);
     QCOMPARE(QApplication::activeModalWidget()->windowTitle(), u"往来账务(客户)"_qs);
 }

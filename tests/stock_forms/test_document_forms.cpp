@@ -8,6 +8,7 @@
 #include "support/windows.h"
 #include "ui/document_editor.h"
 #include "ui/header_panel.h"
+#include "ui/layout_store.h"
 #include "ui/line_table.h"
 
 #include <QComboBox>
@@ -44,6 +45,10 @@ private Q_SLOTS:
     void twoWorkstations();
     void rightsAreAsked_data() { addEngineRows(); }
     void rightsAreAsked();
+    void aFailingDatabaseLosesNothing_data() { addEngineRows(); }
+    void aFailingDatabaseLosesNothing();
+    void entryOrderCanBeSet_data() { addEngineRows(); }
+    void entryOrderCanBeSet();
     void hostileTexts_data() { addEngineRows(); }
     void hostileTexts();
 
@@ -127,7 +132,8 @@ void TestDocumentForms::saleOnAccountWithBatches() {
     QCOMPARE(editor.draft().lines[1].batch.number, QStringLiteral("B2"));
     QCOMPARE(editor.draft().lines[1].quantity, 1_d);
     press(Qt::Key_F8);
-    QCOMPARE(desk.texts(QStringLiteral("select t_ph,t_sl from jxc_tkc order by t_ph")), (QStringList{QStringLiteral("B1|0"), QStringLiteral("B2|4")}));
+    QCOMPARE(desk.figures(QStringLiteral("select t_sl from jxc_tkc where t_ph='B1'")), QStringLiteral("0"));
+    QCOMPARE(desk.figures(QStringLiteral("select t_sl from jxc_tkc where t_ph='B2'")), QStringLiteral("4"));
     QCOMPARE(desk.figures(QStringLiteral("select ls_status,ls_yfje,ls_sfje from jxc_lsxsd")), QStringLiteral("1 24 24"));
 }
 
@@ -361,6 +367,52 @@ void TestDocumentForms::rightsAreAsked() {
     press(Qt::Key_Insert);
     QVERIFY(list.editor() == nullptr);
     QCOMPARE(desk.user.told.last(), QStringLiteral("您没有权限进行商品销售单！\r\n\r\n或者没有可用的仓库。"));
+}
+
+/// Whatever statement of the saving fails: clear words, no half document, and the window keeps what
+/// was typed.
+void TestDocumentForms::aFailingDatabaseLosesNothing() {
+    Desk desk;
+    desk.addGoods(QStringLiteral("10000013"));
+    TF_Cgjh list(desk.context);
+    DocumentEditor &editor = openNew(list);
+    throughHeader(editor);
+    enter(QStringLiteral("10000013"));
+    enter(QStringLiteral("2"));
+    int saved = 0;
+    for (int failing = 1; failing < 200 && saved == 0; failing += 3) {
+        int statement = 0;
+        desk.db.setStatementObserver([&](const QString &sql, const Values &) {
+            if (++statement == failing)
+                throw DatabaseError(QStringLiteral("服务器没有应答"), sql, {});
+        });
+        desk.user.told.clear();
+        press(Qt::Key_F8);
+        desk.db.setStatementObserver({});
+        saved = desk.figures(QStringLiteral("select count(*) from jxc_jhd")).toInt();
+        if (saved == 0) {
+            QCOMPARE(desk.user.told.size(), 1);
+            QVERIFY2(desk.user.told[0].contains(QStringLiteral("服务器没有应答")), qPrintable(desk.user.told[0]));
+            QVERIFY(editor.isVisible());
+            QCOMPARE(editor.draft().lines.size(), size_t(1));
+            QCOMPARE(desk.figures(QStringLiteral("select count(*) from jxc_jhsp")), QStringLiteral("0"));
+        }
+    }
+    QCOMPARE(saved, 1);
+}
+
+void TestDocumentForms::entryOrderCanBeSet() {
+    Desk desk;
+    QVERIFY(LayoutStore(desk.home.path(), QStringLiteral("TF_Cgjh_Head")).saveList(QStringLiteral("stops"), {QStringLiteral("备注")}));
+    QVERIFY(LayoutStore(desk.home.path(), QStringLiteral("TF_Cgjh_Lines")).saveList(QStringLiteral("stops"), {QStringLiteral("g_sn"), QStringLiteral("bz")}));
+    desk.addGoods(QStringLiteral("10000014"));
+    TF_Cgjh list(desk.context);
+    DocumentEditor &editor = openNew(list);
+    enter();
+    QCOMPARE(QApplication::focusWidget(), editor.header().widget(HeaderField::note));
+    enter();
+    enter(QStringLiteral("10000014"));
+    QCOMPARE(editor.table().lines().columnAt(editor.table().currentIndex().column()).field, LineField::note);
 }
 
 void TestDocumentForms::hostileTexts() {

@@ -1,6 +1,7 @@
 #include "support/shop.h"
 
 #include "core/login.h"
+#include "retail/document_posting.h"
 #include "stock/posting.h"
 #include "stock/source_entry.h"
 
@@ -17,6 +18,7 @@ Shop::Shop() {
                                               {QStringLiteral("ck_name"), u"东库"},
                                               {QStringLiteral("ck_asn"), u"100001,"}});
     loadGlobals(session);
+    session.members = &documentPosting();
 }
 
 void Shop::addGoods(const QString &goods, const Assignments &more) {
@@ -74,6 +76,7 @@ Session Shop::clerk(const QString &group, const QList<int> &rights) {
     if (!authenticate(own, QStringLiteral("小王"), {}))
         qFatal("the clerk cannot log in");
     loadGlobals(own);
+    own.members = &documentPosting();
     return own;
 }
 

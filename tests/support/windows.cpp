@@ -1,9 +1,7 @@
 #include "support/windows.h"
 
-#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QTimer>
 
 namespace jxc::test {
 
@@ -21,14 +19,32 @@ QWidget *focused() {
 
 } // namespace
 
+void bringUp(QWidget *window) {
+    if (window == nullptr)
+        qFatal("no window");
+    // What was activated before may still be on its way.
+    const bool isUp = QTest::qWaitFor([window] {
+        if (QApplication::activeWindow() == window)
+            return true;
+        window->activateWindow();
+        return false;
+    });
+    if (!isUp)
+        qFatal("%s does not come to the front", qPrintable(window->objectName()));
+}
+
+void typeText(QWidget *field, const QString &text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(field, &event);
+}
+
 void type(const QString &text) {
     for (const QChar sign : text) {
         if (sign.unicode() < 128) {
             QTest::keyClick(focused(), sign.toLatin1(), Qt::NoModifier, 1);
         } else {
-            QInputMethodEvent event;
-            event.setCommitString(QString(sign));
-            QApplication::sendEvent(focused(), &event);
+            typeText(focused(), QString(sign));
         }
     }
     QCoreApplication::processEvents();
@@ -81,6 +97,20 @@ void atNextDialog(std::function<void(QWidget *)> act) {
         act(dialog);
     });
     timer->start(10);
+}
+
+BoxPresser::BoxPresser(Qt::Key key) {
+    m_timer.setInterval(20);
+    connect(&m_timer, &QTimer::timeout, this, [this, key] {
+        QWidget *box = QApplication::activeModalWidget();
+        if (box == nullptr || !box->inherits("QMessageBox"))
+            return;
+        m_timer.stop();
+        title = box->windowTitle();
+        text = box->property("text").toString();
+        QTest::keyClick(box, key);
+    });
+    m_timer.start();
 }
 
 } // namespace jxc::test

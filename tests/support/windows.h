@@ -2,10 +2,14 @@
 
 #include "master/goods_search.h"
 #include "support/shop.h"
+#include "ui/box_prompter.h"
 #include "ui/form.h"
+#include "ui/theme.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace jxc::test {
 
@@ -29,6 +33,19 @@ public:
     FormContext context{session, user, stage, finder, home.path()};
 };
 
+/// Brings a window to the front and waits until keys go to it.
+void bringUp(QWidget *window);
+
+template<class Child>
+Child *child(const QObject &window, const QString &name) {
+    auto *found = window.findChild<Child *>(name);
+    if (found == nullptr)
+        qFatal("no child %s", qPrintable(name));
+    return found;
+}
+
+/// Types into a field as an input method does; key clicks cannot carry Chinese.
+void typeText(QWidget *field, const QString &text);
 /// Types into whatever has the focus; Chinese comes as an input method sends it.
 void type(const QString &text);
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -40,4 +57,27 @@ void scan(const QString &barcode);
 /// comes.
 void atNextDialog(std::function<void(QWidget *)> act);
 
+/// Presses a key in the next modal box, and tells what the box said.
+class BoxPresser : public QObject {
+public:
+    explicit BoxPresser(Qt::Key key);
+    QString title, text;
+
+private:
+    QTimer m_timer;
+};
+
 } // namespace jxc::test
+
+/// A test program with windows, on a screen that is not there.
+#define JXC_GUI_MAIN(TestClass, ApplicationClass)                                                  \
+    int main(int argc, char **argv) {                                                              \
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))                                         \
+            qputenv("QT_QPA_PLATFORM", "offscreen");                                               \
+        ApplicationClass application(argc, argv);                                                  \
+        QApplication::setQuitOnLastWindowClosed(false);                                            \
+        jxc::useFixedLocale();                                                                     \
+        jxc::applyTheme(application, jxc::Theme::light());                                         \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

@@ -1,4 +1,5 @@
 // The print dialog as a user meets it on a workstation without a printer.
+#include "master/goods_search.h"
 #include "reports/print_log.h"
 #include "support/shop.h"
 #include "ui/document_print.h"
@@ -83,6 +84,7 @@ QString TestDocumentPrint::sale(Shop &shop) {
 
 void TestDocumentPrint::showsAndSaves() {
     Shop shop;
+    GoodsFinder finder(shop.db);
     const QString number = sale(shop);
     const QString file = m_home.filePath(number);
     inNextDialog([&](QWidget *dialog) {
@@ -103,7 +105,7 @@ void TestDocumentPrint::showsAndSaves() {
         QTest::keyClick(find<QPushButton>(dialog, "pdf"), Qt::Key_Return); // Enter
         QVERIFY(message->text().startsWith(u"已保存："_qs));
     });
-    printDocument({shop.session, shop.user, m_stage, m_home.path()}, number, nullptr);
+    printDocument({shop.session, shop.user, m_stage, finder, m_home.path()}, number, nullptr);
     QVERIFY(QFileInfo(file + u".pdf"_qs).size() > 5000);
     QVERIFY(QFile::exists(m_home.filePath(u"report/spxs.fr3"_qs)));
     QCOMPARE(shop.user.told, QStringList());
@@ -112,6 +114,7 @@ void TestDocumentPrint::showsAndSaves() {
 /// Words instead of the paper; another template brings it back.
 void TestDocumentPrint::brokenTemplate() {
     Shop shop;
+    GoodsFinder finder(shop.db);
     const QString number = sale(shop);
     QDir(m_home.path()).mkpath(u"report"_qs);
     QFile spoilt(m_home.filePath(u"report/spxs3.fr3"_qs));
@@ -128,12 +131,13 @@ void TestDocumentPrint::brokenTemplate() {
         QVERIFY(find<QPushButton>(dialog, "pdf")->isEnabled());
         QVERIFY(!message->text().contains(u"spxs3"_qs));
     });
-    printDocument({shop.session, shop.user, m_stage, m_home.path()}, number, nullptr);
+    printDocument({shop.session, shop.user, m_stage, finder, m_home.path()}, number, nullptr);
 }
 
 void TestDocumentPrint::withoutPrinterOrDocument() {
     Shop shop;
-    const FormContext context{shop.session, shop.user, m_stage, m_home.path()};
+    GoodsFinder finder(shop.db);
+    const FormContext context{shop.session, shop.user, m_stage, finder, m_home.path()};
     printDocument(context, u"XS26030099999"_qs, nullptr);
     QCOMPARE(shop.user.told.size(), 1);
     if (!QPrinterInfo::availablePrinterNames().isEmpty())

@@ -1,16 +1,12 @@
 #pragma once
 
 #include "core/operators.h"
-#include "ui/form.h"
-
-class QToolButton;
+#include "ui/list_form.h"
 
 namespace jxc {
 
-class PlainTable;
-
 /// Who may log in.
-class TF_Admin : public Form {
+class TF_Admin : public ListForm {
     Q_OBJECT
 public:
     explicit TF_Admin(const FormContext &context, QWidget *parent = nullptr);
@@ -23,14 +19,16 @@ public:
     void btnCopyClick();
     void btnPasteClick();
 
+protected:
+    Rows read(const QString &search) override;
+
 private:
-    [[nodiscard]] const Operator *current() const;
+    void addActions();
+    [[nodiscard]] qint64 currentId() const;
     void edit(qint64 id);
 
-    PlainTable *m_table;
-    std::vector<Operator> m_operators;
     std::optional<OperatorInput> m_copied;
-    QList<QToolButton *> m_forAdministrator;
+    QList<QAction *> m_forAdministrator;
 };
 
 } // namespace jxc

@@ -3,10 +3,10 @@
 #include "core/forms/tf_role_add.h"
 #include "core/prompter.h"
 #include "core/session.h"
-#include "ui/command_bar.h"
-#include "ui/plain_table.h"
+#include "ui/row_list.h"
 
-#include <QToolButton>
+#include <QLineEdit>
+#include <algorithm>
 
 namespace jxc {
 
@@ -29,48 +29,37 @@ QString summary(const Role &role) {
 } // namespace
 
 TF_Role::TF_Role(const FormContext &context, QWidget *parent)
-    : Form(context, QStringLiteral("TF_Role"), QStringLiteral("角色权限"), parent)
-    , m_table(new PlainTable({{QStringLiteral("角色编号"), 112},
-                              {QStringLiteral("所属角色"), 176},
-                              {QStringLiteral("权限"), 400}})) {
-    auto *bar = new CommandBar;
-    bar->add(QStringLiteral("增加"), Qt::Key_Insert, {}, [this] { btnAddClick(); });
-    bar->add(QStringLiteral("修改"), Qt::Key_F4, {}, [this] { btnModiClick(); });
-    bar->add(QStringLiteral("删除"), Qt::Key_Delete, {}, [this] { btnDeleClick(); });
-    bar->addStretch();
-    bar->add(QStringLiteral("退出"), {}, {}, [this] { reject(); })
-        ->setToolTip(QStringLiteral("Esc"));
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 12, 16, 16);
-    column->addWidget(bar);
-    column->addWidget(m_table);
-    resize(840, 440);
-    connect(m_table, &QTableWidget::cellActivated, this, &TF_Role::btnModiClick);
+    : ListForm(context, QStringLiteral("TF_Role"), QStringLiteral("角色权限"), parent) {
+    searchBox().setPlaceholderText(QStringLiteral("查找 F3：编号、角色、权限"));
+    setColumns({text(u"r_sn", u"角色编号", 112), text(u"r_name", u"所属角色", 176),
+                text(u"rights", u"权限", 560)},
+               QStringLiteral("id"));
+    addAction(QStringLiteral("btnAdd"), QStringLiteral("增加"), Qt::Key_Insert,
+              [this] { btnAddClick(); });
+    addAction(
+        QStringLiteral("btnModi"), QStringLiteral("修改"), Qt::Key_F4, [this] { btnModiClick(); },
+        true);
+    addAction(
+        QStringLiteral("btnDele"), QStringLiteral("删除"), Qt::Key_Delete,
+        [this] { btnDeleClick(); }, true);
+    addCommonActions();
+    connect(&grid(), &Grid::activated, this, &TF_Role::btnModiClick);
+    resize(1024, 560);
 }
 
-void TF_Role::FormActivate() {
+Rows TF_Role::read(const QString &search) {
     m_roles = listRoles(session());
-    QList<PlainTable::Line> lines;
+    RowList list({u"id", u"r_sn", u"r_name", u"rights"});
     for (const Role &role : m_roles)
-        lines.append({role.id,
-                      {role.number, role.name,
-                       role.number == administratorNo ? QStringLiteral("全部") : summary(role)}});
-    m_table->setLines(lines);
-    m_table->setFocus();
-}
-
-const Role *TF_Role::current() const {
-    for (const Role &role : m_roles)
-        if (role.id == m_table->currentId())
-            return &role;
-    prompter().inform(QStringLiteral("请先选择一条记录！"), informCaption);
-    return nullptr;
+        list.add({role.id, role.number, role.name,
+                  role.number == administratorNo ? QStringLiteral("全部") : summary(role)});
+    return list.takeMatching(search);
 }
 
 void TF_Role::edit(const Role *role) {
     auto *editor = new TF_Role_Add(context(), role, this);
     editor->setAttribute(Qt::WA_DeleteOnClose);
-    connect(editor, &QDialog::accepted, this, &TF_Role::FormActivate);
+    connect(editor, &QDialog::accepted, this, &TF_Role::refresh);
     editor->showModal();
 }
 
@@ -79,19 +68,19 @@ void TF_Role::btnAddClick() {
 }
 
 void TF_Role::btnModiClick() {
-    const Role *role = current();
-    if (role == nullptr)
-        return;
-    if (role->number == administratorNo)
+    const qint64 id = grid().currentText(u"id").toLongLong();
+    const auto role = std::ranges::find(m_roles, id, &Role::id);
+    if (role == m_roles.end())
+        tellNoRow(prompter());
+    else if (role->number == administratorNo)
         prompter().inform(QStringLiteral("系统管理员角色不能修改或删除！"), informCaption);
     else
-        edit(role);
+        edit(&*role);
 }
 
 void TF_Role::btnDeleClick() {
-    const Role *role = current();
-    if (role != nullptr && show(deleteRole(session(), prompter(), role->number)))
-        FormActivate();
+    if (show(deleteRole(session(), prompter(), grid().currentText(u"r_sn"))))
+        refresh();
 }
 
 } // namespace jxc

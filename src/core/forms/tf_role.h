@@ -1,29 +1,26 @@
 #pragma once
 
 #include "core/roles.h"
-#include "ui/form.h"
+#include "ui/list_form.h"
 
 namespace jxc {
 
-class PlainTable;
-
 /// The roles that operators have.
-class TF_Role : public Form {
+class TF_Role : public ListForm {
     Q_OBJECT
 public:
     explicit TF_Role(const FormContext &context, QWidget *parent = nullptr);
-
-    void FormActivate() override;
 
     void btnAddClick();
     void btnModiClick();
     void btnDeleClick();
 
+protected:
+    Rows read(const QString &search) override;
+
 private:
-    [[nodiscard]] const Role *current() const;
     void edit(const Role *role);
 
-    PlainTable *m_table;
     std::vector<Role> m_roles;
 };
 

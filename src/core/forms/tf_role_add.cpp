@@ -2,7 +2,7 @@
 
 #include "core/prompter.h"
 #include "core/session.h"
-#include "ui/command_bar.h"
+#include "ui/action_bar.h"
 
 #include <QFormLayout>
 #include <QLineEdit>
@@ -40,10 +40,11 @@ TF_Role_Add::TF_Role_Add(const FormContext &context, const Role *role, QWidget *
     auto *box = new QWidget;
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
-    auto *bar = new CommandBar;
-    bar->add(QStringLiteral("全选本组"), Qt::Key_F7, {}, [this] { setGroup(Qt::Checked); });
-    bar->add(QStringLiteral("全不选本组"), Qt::Key_F8, {}, [this] { setGroup(Qt::Unchecked); });
-    bar->addStretch();
+    auto *bar = new ActionBar(box);
+    bar->add(QStringLiteral("btnAll"), QStringLiteral("全选本组"), Qt::Key_F7,
+             [this] { setGroup(Qt::Checked); });
+    bar->add(QStringLiteral("btnNone"), QStringLiteral("全不选本组"), Qt::Key_F8,
+             [this] { setGroup(Qt::Unchecked); });
     column->addWidget(bar);
     column->addWidget(m_tree);
     box->setFocusPolicy(Qt::TabFocus);

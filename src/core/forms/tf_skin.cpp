@@ -26,7 +26,7 @@ TF_Skin::TF_Skin(const FormContext &context, QWidget *parent)
         m_choices.append(choice);
     }
     column->addStretch();
-    auto *close = new QPushButton(QStringLiteral("退出 (Esc)"));
+    auto *close = new QPushButton(QStringLiteral("退出 Esc"));
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &TF_Skin::reject);
     column->addWidget(close, 0, Qt::AlignRight);

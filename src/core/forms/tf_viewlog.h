@@ -1,20 +1,11 @@
 #pragma once
 
-#include "ui/form.h"
-
-#include <QDate>
-
-class QDateEdit;
-class QLabel;
-class QLineEdit;
-class QToolButton;
+#include "ui/list_form.h"
 
 namespace jxc {
 
-class LogModel;
-
 /// The operation log: searched, and cleared by who may.
-class TF_ViewLog : public Form {
+class TF_ViewLog : public ListForm {
     Q_OBJECT
 public:
     explicit TF_ViewLog(const FormContext &context, QWidget *parent = nullptr);
@@ -22,18 +13,14 @@ public:
     void FormActivate() override;
 
     void btnFindClick();
-    void btnAllTimeClick();
     void btnClearClick();
 
-private:
-    QWidget *makeBar();
-    void setRange(QDate from, QDate to);
+protected:
+    Rows read(const QString &search) override;
 
-    LogModel *m_model;
-    QDateEdit *m_from, *m_to;
-    QLineEdit *m_text;
-    QLabel *m_count;
-    QToolButton *m_clear = nullptr;
+private:
+    PeriodBar *m_period;
+    QAction *m_clear;
 };
 
 } // namespace jxc

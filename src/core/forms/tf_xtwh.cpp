@@ -50,6 +50,7 @@ TF_Xtwh::TF_Xtwh(const FormContext &context, QWidget *parent)
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(24, 24, 24, 24);
     grid->setSpacing(12);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
     int index = 0;
     for (const MaintenanceService &service : maintenanceServices()) {
         grid->addWidget(makeButton(service), index / 3, index % 3);

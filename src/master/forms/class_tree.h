@@ -5,6 +5,8 @@
 
 #include <QTreeWidget>
 
+class QBoxLayout;
+
 namespace jxc {
 
 /// The tree itself: branches are dragged onto another one, and its keys do not reach the list's.

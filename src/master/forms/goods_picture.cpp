@@ -24,6 +24,8 @@ GoodsPicture::GoodsPicture(const FormContext &context, QWidget *parent)
     m_label->setProperty("card", true);
     m_label->setMinimumSize(320, 240);
     m_label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    for (QPushButton *button : {choose, m_show, m_clear})
+        button->setAutoDefault(false);
     auto *buttons = new QVBoxLayout;
     buttons->addWidget(choose);
     buttons->addWidget(m_show);

@@ -11,7 +11,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int treeWidth = 208;
+constexpr int treeWidth = 224;
 
 } // namespace
 
@@ -26,12 +26,12 @@ TF_Spxxgl::TF_Spxxgl(const FormContext &context, QWidget *parent)
     addLink(u"btnQcjz", QStringLiteral("期初建账"), QStringLiteral("TF_Spqcjz"));
     addLink(u"btnTmdy", QStringLiteral("条码打印"), QStringLiteral("TF_Tmdy"));
     addLink(u"btnSptj", QStringLiteral("调价"), QStringLiteral("TF_Sptj"));
-    m_inStock = addFilter(u"chkInStock", QStringLiteral("有库存(&K)"));
-    m_restricted = addFilter(u"chkRestricted", QStringLiteral("处方药(&C)"));
+    m_inStock = addSwitch(u"chkInStock", QStringLiteral("有库存(&K)"));
+    m_restricted = addSwitch(u"chkRestricted", QStringLiteral("处方药(&C)"));
     addListActions();
-    filterLine()->addStretch(1);
     setSide(m_classes, treeWidth);
-    searchBox().setPlaceholderText(QStringLiteral("查找 F3：编号、名称、简码、条码、成分、厂商"));
+    searchBox().setPlaceholderText(QStringLiteral("查找 F3：名称、简码、条码、成分"));
+    searchBox().setToolTip(QStringLiteral("编号、名称、简码、条码、成分、厂商"));
     connect(m_classes, &ClassTree::chosen, this, &TF_Spxxgl::refresh);
 }
 
@@ -45,11 +45,11 @@ void TF_Spxxgl::addLink(const char16_t *name, const QString &caption, const QStr
     action->setToolTip(QStringLiteral("尚未提供"));
 }
 
-QCheckBox *TF_Spxxgl::addFilter(const char16_t *name, const QString &caption) {
+QCheckBox *TF_Spxxgl::addSwitch(const char16_t *name, const QString &caption) {
     auto *box = new QCheckBox(caption, this);
     box->setObjectName(QString::fromUtf16(name));
     box->setFocusPolicy(Qt::NoFocus);
-    filterLine()->addWidget(box);
+    MasterForm::addFilter(box);
     connect(box, &QCheckBox::toggled, this, &TF_Spxxgl::refresh);
     return box;
 }

@@ -26,7 +26,7 @@ protected:
 
 private:
     void addLink(const char16_t *name, const QString &caption, const QString &form);
-    QCheckBox *addFilter(const char16_t *name, const QString &caption);
+    QCheckBox *addSwitch(const char16_t *name, const QString &caption);
 
     ClassTree *m_classes;
     QCheckBox *m_inStock = nullptr, *m_restricted = nullptr;

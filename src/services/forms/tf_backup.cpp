@@ -26,6 +26,7 @@ QSpinBox *numberField(const QString &name, const QString &unit) {
     auto *field = new QSpinBox;
     field->setObjectName(name);
     field->setRange(0, 9999);
+    field->setFixedWidth(136);
     field->setSuffix(unit);
     return field;
 }
@@ -51,15 +52,16 @@ TF_Backup::TF_Backup(const FormContext &context, QWidget *parent)
     , m_pages(new QTabWidget)
     , m_progress(new QProgressBar)
     , m_state(quiet({})) {
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     m_pages->setObjectName(QStringLiteral("pages"));
     m_pages->addTab(makeBackupPage(), QStringLiteral("备份"));
     m_pages->addTab(makeRestorePage(), QStringLiteral("恢复"));
     m_progress->setTextVisible(false);
     m_progress->hide();
-    auto *ok = new QPushButton(QStringLiteral("确定 (F5)"));
+    auto *ok = new QPushButton(QStringLiteral("确定 F5"));
     ok->setObjectName(QStringLiteral("btnOK"));
     ok->setDefault(true);
-    auto *cancel = new QPushButton(QStringLiteral("取消 (Esc)"));
+    auto *cancel = new QPushButton(QStringLiteral("取消 Esc"));
     cancel->setAutoDefault(false);
     connect(ok, &QPushButton::clicked, this, &TF_Backup::btnOKClick);
     connect(cancel, &QPushButton::clicked, this, &TF_Backup::reject);

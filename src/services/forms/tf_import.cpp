@@ -3,6 +3,7 @@
 #include "core/prompter.h"
 #include "core/session.h"
 #include "master/master_kind.h"
+#include "services/forms/import_columns.h"
 #include "sheets/read.h"
 #include "sheets/write.h"
 #include "ui/grid.h"
@@ -17,6 +18,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QTableWidget>
@@ -31,19 +33,6 @@ constexpr int previewRows = 30;
 constexpr int previewColumns = 40;
 
 const auto fileFilter = QStringLiteral("表格文件 (*.xlsx *.xls *.csv *.txt)");
-
-QTableWidget *plainTable(const char16_t *name, QWidget *parent) {
-    auto *table = new QTableWidget(parent);
-    table->setObjectName(QString::fromUtf16(name));
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionMode(QAbstractItemView::NoSelection);
-    table->setAlternatingRowColors(true);
-    table->setWordWrap(false);
-    table->verticalHeader()->setDefaultSectionSize(30);
-    table->horizontalHeader()->setHighlightSections(false);
-    table->setTabKeyNavigation(false);
-    return table;
-}
 
 QLabel *quietLabel(const QString &text, QWidget *parent) {
     auto *label = new QLabel(text, parent);
@@ -84,7 +73,7 @@ QWidget *TF_Import::makeFilePage() {
     m_header = new QSpinBox(page);
     m_header->setObjectName(QStringLiteral("spnHeader"));
     m_header->setMinimum(1);
-    m_preview = plainTable(u"preview", page);
+    m_preview = importTable(u"preview", page);
     auto *templateButton = new QPushButton(QStringLiteral("下载模板…"), page);
     templateButton->setObjectName(QStringLiteral("btnTemplate"));
     templateButton->setAutoDefault(false);
@@ -114,15 +103,7 @@ QWidget *TF_Import::makeFilePage() {
 
 QWidget *TF_Import::makeMappingPage() {
     auto *page = new QWidget(this);
-    m_mapping = plainTable(u"mapping", page);
-    m_mapping->setColumnCount(3);
-    m_mapping->setHorizontalHeaderLabels(
-        {QStringLiteral("导入到"), QStringLiteral("文件中的列"), QStringLiteral("第一行内容")});
-    m_mapping->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_mapping->verticalHeader()->hide();
-    m_mapping->setColumnWidth(0, 160);
-    m_mapping->setColumnWidth(1, 240);
-    m_mapping->horizontalHeader()->setStretchLastSection(true);
+    m_columns = new ImportColumns(context(), page);
     m_skip = new QRadioButton(QStringLiteral("跳过(&S)"), page);
     m_update = new QRadioButton(QStringLiteral("更新(&U)，只改上面选了列的内容"), page);
     m_skip->setObjectName(QStringLiteral("optSkip"));
@@ -137,7 +118,7 @@ QWidget *TF_Import::makeMappingPage() {
     auto *column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
-    column->addWidget(m_mapping, 1);
+    column->addWidget(m_columns, 1);
     column->addLayout(line);
     return page;
 }
@@ -186,6 +167,9 @@ QWidget *TF_Import::makeButtons() {
     for (QPushButton *button : {m_back, m_next, cancel})
         button->setAutoDefault(false);
     m_next->setDefault(true);
+    // Shortcuts, since a box that has the focus would take F4 to open its list.
+    connect(new QShortcut(Qt::Key_F4, this), &QShortcut::activated, this, &TF_Import::btnBackClick);
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &TF_Import::btnNextClick);
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch();
@@ -201,6 +185,7 @@ QWidget *TF_Import::makeButtons() {
 void TF_Import::FormActivate() {
     m_sheets.clear();
     m_readFile.clear();
+    m_columns->clear();
     m_file->setPath({});
     m_sheet->clear();
     m_preview->setRowCount(0);
@@ -223,8 +208,8 @@ void TF_Import::showStep(int step) {
     m_next->setEnabled(!m_done);
     if (step == fileStep)
         m_file->setFocus();
-    else if (step == mappingStep && m_mapping->rowCount() > 0)
-        m_mapping->cellWidget(0, 1)->setFocus();
+    else if (step == mappingStep)
+        m_columns->setFocus();
     else
         m_list->setFocus();
 }
@@ -306,44 +291,8 @@ void TF_Import::showPreview() {
         }
 }
 
-/// The columns as they are proposed; the user corrects them.
-void TF_Import::fillMapping() {
-    const QStringList names = header();
-    const ImportMapping proposed = proposeMapping(session(), m_fields, names);
-    m_mapping->setRowCount(static_cast<int>(m_fields.size()));
-    for (int row = 0; row < m_mapping->rowCount(); ++row) {
-        const ImportField &field = m_fields[static_cast<size_t>(row)];
-        m_mapping->setItem(row, 0, new QTableWidgetItem(field.caption));
-        m_mapping->setItem(row, 2, new QTableWidgetItem);
-        auto *box = new QComboBox(m_mapping);
-        box->setObjectName(field.id);
-        box->addItem(QStringLiteral("（不导入）"), -1);
-        for (qsizetype column = 0; column < names.size(); ++column)
-            if (!names[column].trimmed().isEmpty())
-                box->addItem(names[column].simplified().left(60), column);
-        const auto found = proposed.find(field.id);
-        const int index = found == proposed.end() ? 0 : box->findData(found->second);
-        box->setCurrentIndex(qMax(0, index));
-        connect(box, &QComboBox::currentIndexChanged, this, &TF_Import::showSamples);
-        m_mapping->setCellWidget(row, 1, box);
-    }
-    showSamples();
-}
-
 QComboBox *TF_Import::columnBox(const QString &field) const {
-    return m_mapping->findChild<QComboBox *>(field);
-}
-
-void TF_Import::showSamples() {
-    const Sheet *chosen = sheet();
-    const QStringList first = chosen != nullptr && headerRow() + 1 < chosen->rows.size()
-                                  ? chosen->rows[headerRow() + 1]
-                                  : QStringList();
-    for (int row = 0; row < m_mapping->rowCount(); ++row) {
-        const int column =
-            static_cast<QComboBox *>(m_mapping->cellWidget(row, 1))->currentData().toInt();
-        m_mapping->item(row, 2)->setText(column < 0 ? QString() : first.value(column).left(200));
-    }
+    return m_columns->box(field);
 }
 
 void TF_Import::takeMapping() {
@@ -352,12 +301,7 @@ void TF_Import::takeMapping() {
     m_request.sheet = *sheet();
     m_request.headerRow = headerRow();
     m_request.known = m_update->isChecked() ? KnownRows::update : KnownRows::skip;
-    for (int row = 0; row < m_mapping->rowCount(); ++row) {
-        const int column =
-            static_cast<QComboBox *>(m_mapping->cellWidget(row, 1))->currentData().toInt();
-        if (column >= 0)
-            m_request.mapping[m_fields[static_cast<size_t>(row)].id] = column;
-    }
+    m_request.mapping = m_columns->mapping();
 }
 
 bool TF_Import::check() {
@@ -423,7 +367,9 @@ void TF_Import::btnNextClick() {
     switch (step()) {
     case fileStep:
         if (readFile() && sheet() != nullptr) {
-            fillMapping();
+            const size_t first = headerRow() + 1;
+            m_columns->show(m_fields, header(),
+                            first < sheet()->rows.size() ? sheet()->rows[first] : QStringList());
             showStep(mappingStep);
         }
         break;
@@ -467,11 +413,7 @@ bool TF_Import::mayLeave() {
 
 void TF_Import::keyPressEvent(QKeyEvent *event) {
     const int key = event->key();
-    if (key == Qt::Key_F5)
-        btnNextClick();
-    else if (key == Qt::Key_F4)
-        btnBackClick();
-    else if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
         focusNextChild();
     else
         Form::keyPressEvent(event);

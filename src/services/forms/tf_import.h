@@ -14,6 +14,7 @@ class QTableWidget;
 namespace jxc {
 
 class Grid;
+class ImportColumns;
 class PathField;
 
 /// Takes a list from a spreadsheet in, step by step: file and sheet, columns, check, import. F5
@@ -54,8 +55,6 @@ private:
     [[nodiscard]] bool readFile();
     void showSheet();
     void showPreview();
-    void fillMapping();
-    void showSamples();
     void takeMapping();
     bool check();
     void showRows();
@@ -68,7 +67,8 @@ private:
     QString m_readFile;
     QComboBox *m_sheet;
     QSpinBox *m_header;
-    QTableWidget *m_preview, *m_mapping;
+    QTableWidget *m_preview;
+    ImportColumns *m_columns;
     QRadioButton *m_skip, *m_update;
     Grid *m_list;
     QLabel *m_summary;

@@ -24,9 +24,9 @@ TF_Mryt::TF_Mryt(const FormContext &context, QWidget *parent)
     m_place->setProperty("quiet", true);
     auto *title = new QLabel(QStringLiteral("您知道吗"));
     title->setProperty("title", true);
-    auto *earlier = new QPushButton(QStringLiteral("上一条(&P)"));
-    auto *later = new QPushButton(QStringLiteral("下一条(&N)"));
-    auto *close = new QPushButton(QStringLiteral("关闭 (Esc)"));
+    auto *earlier = new QPushButton(QStringLiteral("上一条 (&P)"));
+    auto *later = new QPushButton(QStringLiteral("下一条 (&N)"));
+    auto *close = new QPushButton(QStringLiteral("关闭 Esc"));
     close->setDefault(true);
     connect(earlier, &QPushButton::clicked, this, [this] { leaf(-1); });
     connect(later, &QPushButton::clicked, this, [this] { leaf(1); });

@@ -8,7 +8,7 @@ class QTabWidget;
 
 namespace jxc {
 
-class PlainTable;
+class Grid;
 
 /// What is due today, and the operator's reminders.
 class TF_Sjtx : public Form {
@@ -31,18 +31,10 @@ private:
     [[nodiscard]] const Reminder *current() const;
     void edit(const Reminder &reminder);
 
-    /// A line of the first tab that leads somewhere.
-    struct Way {
-        QString formClass, caption, rightGroup;
-        int right = 0;
-        QString refusal;
-    };
-
     QTabWidget *m_tabs;
-    PlainTable *m_today = nullptr, *m_settings = nullptr;
+    Grid *m_today = nullptr, *m_settings = nullptr;
     QCheckBox *m_atStart;
     std::vector<Reminder> m_reminders;
-    QHash<qint64, Way> m_ways;
 };
 
 } // namespace jxc

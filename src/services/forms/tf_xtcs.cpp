@@ -21,8 +21,8 @@ TF_Xtcs::TF_Xtcs(const FormContext &context, QWidget *parent)
         m_tabs->add(parameter.table, field);
     }
     m_tabs->finish();
-    auto *save = new QPushButton(QStringLiteral("保存 (F5)"), this);
-    auto *exit = new QPushButton(QStringLiteral("退出 (Esc)"), this);
+    auto *save = new QPushButton(QStringLiteral("保存 F5"), this);
+    auto *exit = new QPushButton(QStringLiteral("退出 Esc"), this);
     save->setObjectName(QStringLiteral("btnSave"));
     exit->setObjectName(QStringLiteral("btnExit"));
     save->setDefault(true);

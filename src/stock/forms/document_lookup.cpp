@@ -63,7 +63,7 @@ ColumnSpecs columnsOfTrade(Trade trade) {
             money(u"wfje", sale ? u"未收金额" : u"未付金额"),
             text(u"u_name", u"经手人", 80),
             text(u"a_name", u"操作员", 72),
-            text(u"note", u"备注", 120),
+            text(u"note", u"备注", 104),
             text(u"checker", u"审核人", 72),
             hidden(text(u"chkrq", u"审核时间", 150))};
 }

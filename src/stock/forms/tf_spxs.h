@@ -9,6 +9,10 @@ class TF_Spxs : public DocumentList {
     Q_OBJECT
 public:
     explicit TF_Spxs(const FormContext &context, QWidget *parent = nullptr);
+
+public Q_SLOTS:
+    /// 重取成本: the costs of a draft that has lain for a while are taken anew.
+    void btnCostClick();
 };
 
 } // namespace jxc
