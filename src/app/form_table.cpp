@@ -1,4 +1,6 @@
 // Every form of the program, by its class name, and what opens a document.
+#include "app/form_registry.h"
+
 #include "app/document_opener.h"
 #include "app/tf_rjbz.h"
 #include "core/forms/tf_admin.h"

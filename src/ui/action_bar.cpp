@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QLineEdit>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QToolButton>
 
 namespace jxc {

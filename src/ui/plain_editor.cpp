@@ -67,7 +67,7 @@ QList<QWidget *> PlainEditor::inOrder() const {
 }
 
 void PlainEditor::allowContinuing() {
-    m_more = new QPushButton(QStringLiteral("确定并继续 (F6)"));
+    m_more = new QPushButton(QStringLiteral("确定并继续 F6"));
     m_more->setObjectName(QStringLiteral("btnOKContinue"));
     m_buttons->insertWidget(m_buttons->indexOf(m_cancel), m_more);
     connect(m_more, &QPushButton::clicked, this, &PlainEditor::saveAndContinue);
@@ -75,7 +75,7 @@ void PlainEditor::allowContinuing() {
 
 void PlainEditor::addButton(const QString &name, const QString &caption, Qt::Key key,
                             const std::function<void()> &run) {
-    auto *button = new QPushButton(QStringLiteral("%1 (%2)").arg(
+    auto *button = new QPushButton(QStringLiteral("%1 %2").arg(
         caption, QKeySequence(key).toString(QKeySequence::PortableText)));
     button->setObjectName(name);
     connect(button, &QPushButton::clicked, this, run);

@@ -13,7 +13,6 @@
 #include "money/forms/tf_ysksk.h"
 #include "money/settlement.h"
 #include "reports/partner_statement.h"
-#include "support/gui.h"
 #include "support/windows.h"
 #include "ui/date_field.h"
 #include "ui/grid.h"
