@@ -5,8 +5,11 @@
 #include "reports/template_files.h"
 #include "ui/print_dialog.h"
 
-#include <QPrintPreviewDialog>
+#include <QDialogButtonBox>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace jxc {
 
@@ -57,6 +60,29 @@ PrintData receiptData(const Session &session, const PrintSettings &settings, con
     return data;
 }
 
+/// Shows the receipt as it will be printed: Enter prints, Esc leaves it.
+bool previewAgrees(const Pages &pages, QPrinter &printer, QWidget *parent) {
+    QDialog dialog(parent);
+    dialog.setWindowTitle(QStringLiteral("小票预览"));
+    dialog.resize(480, 640);
+    auto *column = new QVBoxLayout(&dialog);
+    auto *preview = new QPrintPreviewWidget(&printer, &dialog);
+    preview->setZoomMode(QPrintPreviewWidget::FitInView);
+    QObject::connect(preview, &QPrintPreviewWidget::paintRequested, &dialog,
+                     [&](QPrinter *target) { (void)sendToPrinter(pages, {}, *target); });
+    column->addWidget(preview, 1);
+    auto *buttons = new QDialogButtonBox(&dialog);
+    auto *print = buttons->addButton(QStringLiteral("打印 Enter"), QDialogButtonBox::AcceptRole);
+    print->setDefault(true);
+    buttons->addButton(QStringLiteral("不打印 Esc"), QDialogButtonBox::RejectRole)
+        ->setAutoDefault(false);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    column->addWidget(buttons);
+    print->setFocus();
+    return dialog.exec() == QDialog::Accepted;
+}
+
 } // namespace
 
 QString printReceiptByTemplate(const FormContext &context, const PrintSettings &settings,
@@ -68,14 +94,8 @@ QString printReceiptByTemplate(const FormContext &context, const PrintSettings &
     QPrinter printer(QPrinter::HighResolution);
     if (!printerName.isEmpty())
         printer.setPrinterName(printerName);
-    if (settings.previews) {
-        bool printed = true;
-        QPrintPreviewDialog preview(&printer, parent);
-        QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                         [&](QPrinter *target) { printed = sendToPrinter(pages, {}, *target); });
-        preview.exec();
-        return printed ? QString() : QStringLiteral("小票%1没有打印，可以重打！").arg(paper.number);
-    }
+    if (settings.previews && !previewAgrees(pages, printer, parent))
+        return {};
     if (printerName.isEmpty())
         return QStringLiteral("没有找到打印机，小票%1没有打印，可以重打！").arg(paper.number);
     printer.setDocName(paper.number);

@@ -149,6 +149,7 @@ void typeCounter(FormRegistry &registry, Photographer &photographer) {
         QStringLiteral("update jxc_posprint set pp_dyfs=0,pp_zjdy=1"));
     dialogOver(photographer, *counter, QStringLiteral("counter_preview"));
     press(Qt::Key_F5);
+    registry.context().session.db().execute(QStringLiteral("update jxc_posprint set pp_zjdy=0"));
     press(Qt::Key_F8);
     counter->done(0);
 }
