@@ -1,5 +1,6 @@
 #include "services/verify_receipts.h"
 
+#include "master/goods_rules.h"
 #include "services/verify_paging.h"
 
 #include <tuple>
@@ -31,7 +32,8 @@ const ReceiptTables &returnTables() {
 }
 
 struct Sums {
-    Decimal quantity, amount;
+    Decimal quantity{}, amount{};
+    Decimal discountLine{}; ///< the part of the amount that a discount line takes off
 };
 
 /// What one settlement summed up, by day and goods.
@@ -90,6 +92,8 @@ private:
         const QString number = line.text(u"gl_djh");
         const Decimal amount = line.decimal(u"pos_zje");
         sums[number].amount += amount;
+        if (line.text(u"g_sn") == discountGoods)
+            sums[number].discountLine += amount;
         const auto header = headers.find(number);
         if (header == headers.end())
             return;
@@ -113,13 +117,15 @@ private:
         // What is paid beyond the amount due is given back; what is not is owed. The copies of
         // returns are negative.
         const Decimal beyond = paid - due;
+        const Decimal off = h.decimal(u"pos_yhje") + h.decimal(u"pos_mlje");
+        // The counter writes what it takes off as a line too: it counts once.
+        const Decimal counted =
+            !off.isZero() && lines.discountLine == -off ? lines.amount : lines.amount - off;
         const bool isChange = due.isNegative() ? beyond.isNegative() : beyond.isPositive();
-        const QString wrong =
-            firstOf({compared(QStringLiteral("应付金额"), due,
-                              lines.amount - h.decimal(u"pos_yhje") - h.decimal(u"pos_mlje")),
-                     compared(QStringLiteral("实付金额"), paid, tendered),
-                     compared(QStringLiteral("找零金额"), h.decimal(u"pos_zlje"),
-                              isChange ? beyond : Decimal())});
+        const QString wrong = firstOf({compared(QStringLiteral("应付金额"), due, counted),
+                                       compared(QStringLiteral("实付金额"), paid, tendered),
+                                       compared(QStringLiteral("找零金额"), h.decimal(u"pos_zlje"),
+                                                isChange ? beyond : Decimal())});
         if (!wrong.isEmpty())
             m_findings.add(tables.headers, number,
                            QStringLiteral("%1 %2（%3）的%4")
