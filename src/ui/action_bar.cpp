@@ -2,19 +2,77 @@
 
 #include <QAction>
 #include <QFrame>
-#include <QLineEdit>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QToolButton>
 
 namespace jxc {
 
 ActionBar::ActionBar(QWidget *parent)
     : QWidget(parent)
-    , m_layout(new QHBoxLayout(this)) {
+    , m_layout(new QHBoxLayout(this))
+    , m_more(new QToolButton(this)) {
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setSpacing(0);
+    m_layout->setSizeConstraint(QLayout::SetNoConstraint);
     m_layout->addStretch(1);
+    m_more->setText(QStringLiteral("更多 ▾"));
+    m_more->setFocusPolicy(Qt::NoFocus);
+    m_more->setPopupMode(QToolButton::InstantPopup);
+    m_more->setMenu(new QMenu(m_more));
+    addRight(m_more);
+    m_more->hide();
+}
+
+QSize ActionBar::minimumSizeHint() const {
+    return {120, m_layout->minimumSize().height()};
+}
+
+void ActionBar::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+int ActionBar::roomForButtons(bool withMore) const {
+    int room = width() - (withMore ? m_more->sizeHint().width() : 0);
+    for (int i = m_layout->count() - m_right; i < m_layout->count(); ++i) {
+        const QWidget *widget = m_layout->itemAt(i)->widget();
+        if (widget != m_more)
+            room -= qMax(widget->minimumWidth(), widget->minimumSizeHint().width());
+    }
+    return room;
+}
+
+/// Shows the buttons that fit, from the left; the menu has the others. Their keys work all the
+/// same.
+void ActionBar::arrange() {
+    const int count = m_layout->count() - 1 - m_right;
+    const auto wanted = [&](int i) -> QWidget * {
+        QWidget *widget = m_layout->itemAt(i)->widget();
+        const auto *button = qobject_cast<QToolButton *>(widget);
+        const bool isOff = button != nullptr && button->defaultAction() != nullptr &&
+                           !button->defaultAction()->isVisible();
+        return isOff ? nullptr : widget;
+    };
+    int needed = 0;
+    for (int i = 0; i < count; ++i)
+        if (const QWidget *widget = wanted(i))
+            needed += widget->sizeHint().width();
+    const bool tooMany = needed > roomForButtons(false);
+    int room = roomForButtons(tooMany);
+    m_more->menu()->clear();
+    for (int i = 0; i < count; ++i) {
+        QWidget *widget = wanted(i);
+        if (widget == nullptr)
+            continue;
+        room -= widget->sizeHint().width();
+        const bool fits = !tooMany || room >= 0;
+        widget->setVisible(fits);
+        if (const auto *button = qobject_cast<QToolButton *>(widget); button != nullptr && !fits)
+            m_more->menu()->addAction(button->defaultAction());
+    }
+    m_more->setVisible(tooMany);
 }
 
 QAction *ActionBar::add(const QString &name, const QString &caption, const QKeySequence &key,

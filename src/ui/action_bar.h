@@ -7,6 +7,7 @@
 class QAction;
 class QHBoxLayout;
 class QLineEdit;
+class QToolButton;
 
 namespace jxc {
 
@@ -30,10 +31,19 @@ public:
     /// A search box at the right end, that gives way to the buttons on a small screen.
     void addSearch(QLineEdit *search);
 
+    /// The bar gives way: what does not fit moves behind "更多".
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void insert(QWidget *widget);
+    void arrange();
+    [[nodiscard]] int roomForButtons(bool withMore) const;
 
     QHBoxLayout *m_layout;
+    QToolButton *m_more;
     int m_right = 0;  ///< widgets after the stretch
     int m_place = -1; ///< where later forms insert
     bool m_atPlace = false;

@@ -17,7 +17,9 @@
 #include "ui/progress.h"
 #include "ui/row_list.h"
 
+#include <QGuiApplication>
 #include <QLabel>
+#include <QScreen>
 #include <QSplitter>
 #include <QTabBar>
 #include <QTimer>
@@ -91,15 +93,26 @@ void DocumentList::build() {
     layout->setContentsMargins(12, 8, 12, 12);
     layout->setSpacing(8);
     layout->addWidget(m_actions);
-    auto *line = new QHBoxLayout;
+    // One line, or two on a screen that is small at its scale.
+    constexpr int oneLine = 1100;
+    const bool narrow = QGuiApplication::primaryScreen()->availableSize().width() < oneLine;
+    auto *line = new QBoxLayout(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     line->setSpacing(8);
-    line->addWidget(m_tabs);
-    line->addWidget(m_period);
-    line->addWidget(m_warehouse);
-    line->addWidget(m_partner);
-    line->addWidget(m_goods);
-    line->addWidget(m_search, 1);
-    line->addStretch(0);
+    auto *which = new QHBoxLayout;
+    which->setSpacing(8);
+    which->addWidget(m_tabs);
+    which->addWidget(m_period);
+    if (narrow)
+        which->addStretch(1);
+    line->addLayout(which);
+    auto *filters = new QHBoxLayout;
+    filters->setSpacing(8);
+    filters->addWidget(m_warehouse);
+    filters->addWidget(m_partner);
+    filters->addWidget(m_goods);
+    filters->addWidget(m_search, 1);
+    filters->addStretch(0);
+    line->addLayout(filters, 1);
     layout->addLayout(line);
     auto *split = new QSplitter(Qt::Vertical, this);
     split->setChildrenCollapsible(false);

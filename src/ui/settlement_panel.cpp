@@ -28,6 +28,8 @@ SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormS
     m_due->setProperty("total", true);
     m_due->setObjectName(QStringLiteral("due"));
     m_capitals->setProperty("quiet", true);
+    m_capitals->setSizePolicy(QSizePolicy::Ignored,
+                              QSizePolicy::Preferred); // the first to give way
     m_restLabel->setProperty("quiet", true);
     m_paid->setObjectName(QStringLiteral("paid"));
     m_paid->setFixedWidth(120);
