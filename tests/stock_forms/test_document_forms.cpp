@@ -47,6 +47,8 @@ private Q_SLOTS:
     void rightsAreAsked();
     void aFailingDatabaseLosesNothing_data() { addEngineRows(); }
     void aFailingDatabaseLosesNothing();
+    void aLostServerLosesNothing_data() { addEngineRows(); }
+    void aLostServerLosesNothing();
     void entryOrderCanBeSet_data() { addEngineRows(); }
     void entryOrderCanBeSet();
     void hostileTexts_data() { addEngineRows(); }
@@ -401,6 +403,41 @@ void TestDocumentForms::aFailingDatabaseLosesNothing() {
     QCOMPARE(saved, 1);
 }
 
+/// The server ends the connection in the middle of the saving. The document is there once, or it is
+/// not and the window still has it: then the next key stores it.
+void TestDocumentForms::aLostServerLosesNothing() {
+    if (currentEngine() == Engine::Sqlite)
+        QSKIP("a file has no server to lose");
+    for (const int losing : {2, 6, 11, 17, 24}) {
+        Desk desk;
+        desk.addGoods(QStringLiteral("10000015"));
+        TF_Cgjh list(desk.context);
+        DocumentEditor &editor = openNew(list);
+        throughHeader(editor);
+        enter(QStringLiteral("10000015"));
+        enter(QStringLiteral("2"));
+        const auto other = desk.place.connect();
+        const QString backend = desk.db.scalar(QStringLiteral("select pg_backend_pid()"));
+        int statement = 0;
+        desk.db.setStatementObserver([&](const QString &, const Values &) {
+            if (++statement == losing)
+                other->scalar(QStringLiteral("select pg_terminate_backend(%1)").arg(backend));
+        });
+        press(Qt::Key_F8);
+        QVERIFY(statement >= losing);
+        desk.db.setStatementObserver({});
+        const QString documents = QStringLiteral("select count(*) from jxc_jhd");
+        if (other->scalar(documents) == u"0") {
+            QVERIFY(!desk.user.told.isEmpty());
+            QVERIFY(editor.isVisible());
+            QCOMPARE(editor.draft().lines.size(), size_t(1));
+            press(Qt::Key_F8);
+        }
+        QCOMPARE(other->scalar(documents), QStringLiteral("1"));
+        QCOMPARE(other->scalar(QStringLiteral("select count(*) from jxc_jhsp")), QStringLiteral("1"));
+    }
+}
+
 void TestDocumentForms::entryOrderCanBeSet() {
     Desk desk;
     QVERIFY(LayoutStore(desk.home.path(), QStringLiteral("TF_Cgjh_Head")).saveList(QStringLiteral("stops"), {QStringLiteral("备注")}));
@@ -439,5 +476,5 @@ void TestDocumentForms::hostileTexts() {
     QCOMPARE(desk.texts(QStringLiteral("select t_ph from jxc_jhsp")).size(), 1);
 }
 
-QTEST_MAIN(TestDocumentForms)
+JXC_GUI_MAIN(TestDocumentForms, QApplication)
 #include "test_document_forms.moc"
