@@ -47,6 +47,24 @@ QString chooseHeld(const FormContext &context, const std::vector<HeldReceipt> &h
     return choice.choose() ? choice.chosen().front()->text(u"gl_djh") : QString();
 }
 
+QString chooseMember(const FormContext &context, const QString &typed, QWidget *parent) {
+    constexpr int most = 100;
+    Rows found = findMembers(context.session, typed, most);
+    if (found.empty()) {
+        context.prompter.inform(QStringLiteral("没有找到会员“%1”！").arg(typed), informCaption);
+        return {};
+    }
+    if (found.size() == 1)
+        return found.front().text(u"hy_sn");
+    TF_GridMsg choice(context, QStringLiteral("TF_Posxs_Hyxz"), QStringLiteral("选择会员"),
+                      {text(u"hy_bh", u"会员编号", 100), text(u"hy_name", u"姓名", 120),
+                       text(u"hy_mobile", u"手机", 120), text(u"hl_name", u"级别", 100),
+                       column(u"hy_zhje", u"余额", ValueKind::amount, 100),
+                       column(u"hy_jf", u"积分", ValueKind::integer, 80)},
+                      std::move(found), parent);
+    return choice.choose() ? choice.chosen().front()->text(u"hy_sn") : QString();
+}
+
 void showPicture(const QString &title, const QString &file, QWidget *parent) {
     const QPixmap picture(file);
     if (picture.isNull())
