@@ -363,6 +363,8 @@ create table jxc_goodslist (
 );
 create index ix_goodslist_g_sn_ck_sn_gl_kdrq_id on jxc_goodslist (g_sn, ck_sn, gl_kdrq, id);
 create index ix_goodslist_gl_djh on jxc_goodslist (gl_djh);
+create index ix_goodslist_gl_flag_gl_kdrq on jxc_goodslist (gl_flag, gl_kdrq);
+create index ix_goodslist_ghs_sn_gl_kdrq on jxc_goodslist (ghs_sn, gl_kdrq);
 create table jxc_djbz (
     id integer primary key autoincrement,
     dj_sn varchar(8) null,
