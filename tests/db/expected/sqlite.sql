@@ -616,6 +616,7 @@ create table jxc_thsp (
 );
 create index ix_thsp_gl_djh on jxc_thsp (gl_djh);
 create index ix_thsp_id2 on jxc_thsp (id2);
+create index ix_thsp_th_bz on jxc_thsp (th_bz);
 create table jxc_log (
     id integer primary key autoincrement,
     log_time varchar(32) null,
@@ -766,6 +767,7 @@ create table jxc_xsthsp (
 );
 create index ix_xsthsp_gl_djh on jxc_xsthsp (gl_djh);
 create index ix_xsthsp_id2 on jxc_xsthsp (id2);
+create index ix_xsthsp_th_bz on jxc_xsthsp (th_bz);
 create table jxc_xsthd (
     id integer primary key autoincrement,
     gl_djh varchar(16) null,
