@@ -28,6 +28,7 @@
 #include "money/forms/tf_ysksk.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posxs.h"
+#include "retail/forms/tf_posxs_jb.h"
 #include "retail/forms/tf_posxs_lsz.h"
 #include "retail/forms/tf_sms.h"
 #include "retail/forms/tf_sms_cs.h"
@@ -92,6 +93,7 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Jthcx>(QStringLiteral("TF_Jthcx"));
     registry.add<TF_Xsdjcx>(QStringLiteral("TF_Xsdjcx"));
     registry.add<TF_Posxs>(QStringLiteral("TF_Posxs"));
+    registry.add<TF_Posxs_Jb>(QStringLiteral("TF_Posxs_Jb"));
     registry.add<TF_Posxs_Lsz>(QStringLiteral("TF_Posxs_Lsz"));
     registry.add<TF_PosPrinSet>(QStringLiteral("TF_PosPrinSet"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));
