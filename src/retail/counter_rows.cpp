@@ -37,13 +37,20 @@ const Side &returns() {
     return side;
 }
 
+void addEqualOrNone(Where &where, const QString &column, const QString &value) {
+    if (value == noneAtAll)
+        where.add(QStringLiteral("coalesce(%1,'')=''").arg(column));
+    else
+        where.addEqual(column, value);
+}
+
 Where conditions(const Session &session, const Side &side, const CounterFilter &filter) {
     Where where;
     where.add(QStringLiteral("h.pos_xsrq>=?"), {filter.from});
     where.add(QStringLiteral("h.pos_xsrq<=?"), {endOf(filter.to)});
     where.addEqual(QStringLiteral("h.a_name"), filter.cashier);
     where.addEqual(QStringLiteral("h.ck_sn"), filter.warehouse);
-    where.addEqual(QStringLiteral("h.hy_sn"), filter.member);
+    addEqualOrNone(where, QStringLiteral("h.hy_sn"), filter.member);
     if (filter.ofTillOnly)
         where.add(QStringLiteral("length(h.pos_xsrq)>10"));
     addWarehouseRestriction(session, where, QStringLiteral("h.ck_sn"));
@@ -122,11 +129,14 @@ SqlPart counterLines(const Session &session, const CounterFilter &filter) {
     for (const Side *side : {&receipts(), &returns()}) {
         Where where = conditions(session, *side, filter);
         where.addEqual(QStringLiteral("l.g_sn"), filter.goods);
-        if (!filter.goodsClass.isEmpty())
-            where.add(QStringLiteral("exists (select 1 from jxc_goods g where g.g_sn=l.g_sn and "
-                                     "substr(g.gc_sn,1,%1)=?)")
-                          .arg(filter.goodsClass.size()),
-                      {filter.goodsClass});
+        if (!filter.goodsClass.isEmpty()) {
+            Where goods;
+            goods.add(QStringLiteral("g.g_sn=l.g_sn"));
+            addEqualOrNone(goods, QStringLiteral("g.gc_sn"), filter.goodsClass);
+            where.add(
+                QStringLiteral("exists (select 1 from jxc_goods g where %1)").arg(goods.text()),
+                goods.values());
+        }
         append(part, lineSelect(*side), where);
     }
     part.text = u'(' + part.text + u')';

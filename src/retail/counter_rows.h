@@ -8,12 +8,15 @@ namespace jxc {
 
 class Session;
 
+/// Stands for receipts without a member, and for goods without a class.
+inline const QString noneAtAll = QStringLiteral("-");
+
 /// Which receipts of the counter a list is about; empty texts narrow nothing.
 struct CounterFilter {
     QString from, to; ///< days "yyyy-MM-dd" or moments "yyyy-MM-dd hh:mm:ss", both included
-    QString cashier{}, warehouse{}, member{}; ///< name, number, key
+    QString cashier{}, warehouse{}, member{}; ///< name, number, key (or `noneAtAll`)
     QString goods{};                          ///< of lines
-    QString goodsClass{};                     ///< of lines: a class and all below it
+    QString goodsClass{};                     ///< of lines: this very class (or `noneAtAll`)
     QString search{};                         ///< what is typed; each list says in what it looks
     /// Leaves out what the back office sold to members: it carries a day, but no time.
     bool ofTillOnly = false;

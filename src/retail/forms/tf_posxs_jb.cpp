@@ -19,6 +19,7 @@ namespace {
 
 const QString ownTill = QStringLiteral("（自己下次接班）");
 constexpr int longestNote = 64;
+constexpr int slipWidth = 300;
 
 /// The figures as on a slip, the last one strong.
 QString slip(const Shift &shift, const Formats &formats) {
@@ -33,7 +34,9 @@ QString slip(const Shift &shift, const Formats &formats) {
                     .arg(row.arg(lines[i].caption),
                          row.arg(formats.text(ValueKind::amount, lines[i].amount)));
     }
-    return QStringLiteral("<table cellpadding=\"3\" width=\"260\">%1</table>").arg(rows);
+    return QStringLiteral("<table cellpadding=\"3\" width=\"%2\">%1</table>")
+        .arg(rows)
+        .arg(slipWidth);
 }
 
 } // namespace
@@ -59,7 +62,7 @@ void TF_Posxs_Jb::build() {
     const auto add = [&](const QString &caption, const char *name) {
         auto *field = new NumberField(ValueKind::amount, formats, this);
         field->setObjectName(QString::fromLatin1(name));
-        field->setMinimumWidth(180);
+        field->setMinimumWidth(200);
         fields()->addRow(caption, field);
         return field;
     };
@@ -70,16 +73,20 @@ void TF_Posxs_Jb::build() {
     m_difference->setObjectName(QStringLiteral("difference"));
     fields()->addRow(QStringLiteral("长短款"), m_difference);
     m_next = new QComboBox(this);
+    m_next->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_next->setObjectName(QStringLiteral("jb_nextuser"));
     fields()->addRow(QStringLiteral("接班操作员"), m_next);
     m_note = new QLineEdit(this);
     m_note->setObjectName(QStringLiteral("jb_note"));
     m_note->setMaxLength(longestNote);
+    fields()->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     fields()->addRow(QStringLiteral("备注"), m_note);
     m_figures = new QLabel(this);
     m_figures->setObjectName(QStringLiteral("figures"));
     m_figures->setAlignment(Qt::AlignTop);
+    m_figures->setFixedWidth(slipWidth);
     addBesideFields(m_figures);
+    setMinimumWidth(slipWidth + 400);
     connect(m_handedIn, &NumberField::valueChanged, this, [this] {
         m_isTyped = true;
         refresh();
@@ -109,6 +116,8 @@ void TF_Posxs_Jb::readShift() {
                            .arg(m_shift.figures.returns) +
                        slip(m_shift, Formats(session().parameters)));
     propose();
+    layout()->activate();
+    adjustSize();
 }
 
 /// All that is due and does not stay is handed in, until the cashier counts something else.
