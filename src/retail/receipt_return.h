@@ -5,7 +5,6 @@
 
 namespace jxc {
 
-class CounterMembers;
 class Session;
 
 /// Goods that a customer brings back to the counter.
@@ -46,7 +45,7 @@ struct CounterReturn {
 /// Takes goods back in one transaction: the approved sales return, the rows of the counter, stock
 /// and money. `refund` is what is paid back (all positive); with a named customer the rest lowers
 /// his debt.
-Outcome postReturn(Session &session, Prompter &prompter, const CounterMembers &members,
-                   const CounterReturn &goodsBack, const Tender &refund, QString *number);
+Outcome postReturn(Session &session, Prompter &prompter, const CounterReturn &goodsBack,
+                   const Tender &refund, QString *number);
 
 } // namespace jxc

@@ -3,7 +3,7 @@
 #include "core/prompter.h"
 #include "core/session.h"
 #include "retail/counter_goods.h"
-#include "retail/counter_members.h"
+#include "retail/member.h"
 #include "ui/formats.h"
 #include "ui/number_field.h"
 
@@ -32,13 +32,12 @@ enum LineColumn {
     columnCount
 };
 
-enum Way { inCash, byCard, byWeChat, byAliPay, onAccount };
+enum Way { inCash, byCard, byWeChat, byAliPay, ontoMemberCard, onAccount };
 
 } // namespace
 
-TF_Posth::TF_Posth(const FormContext &context, const CounterMembers &members, QWidget *parent)
-    : Form(context, QStringLiteral("TF_Posth"), QStringLiteral("收银台退货"), parent)
-    , m_members(members) {
+TF_Posth::TF_Posth(const FormContext &context, QWidget *parent)
+    : Form(context, QStringLiteral("TF_Posth"), QStringLiteral("收银台退货"), parent) {
     build();
     resize(1000, 560);
 }
@@ -96,9 +95,10 @@ void TF_Posth::build() {
 }
 
 void TF_Posth::start(const CounterSettings &settings, const QString &clerk,
-                     const QString &authorisedBy) {
+                     const QString &authorisedBy, const QString &member) {
     m_settings = settings;
     m_clerk = clerk;
+    m_member = member;
     m_return.authorisedBy = authorisedBy;
     clearLines();
     refresh();
@@ -111,6 +111,7 @@ void TF_Posth::clearLines() {
     m_return.authorisedBy = who;
     m_return.clerk = m_clerk;
     m_return.warehouse = m_settings.warehouse;
+    m_return.member = m_member;
 }
 
 void TF_Posth::enterInput() {
@@ -186,14 +187,19 @@ void TF_Posth::refresh() {
         put(totalAt, formats.text(ValueKind::amount, l.total(m_settings.amountDecimals)), true);
     }
     m_filling = false;
-    m_source->setText(m_return.receipt.isEmpty() ? QStringLiteral("没有原单")
-                                                 : QStringLiteral("原单 ") + m_return.receipt);
+    QString source = m_return.receipt.isEmpty() ? QStringLiteral("没有原单")
+                                                : QStringLiteral("原单 ") + m_return.receipt;
+    if (const auto member = findMember(db(), m_return.member))
+        source += QStringLiteral("　会员 %1 %2").arg(member->number, member->name);
+    m_source->setText(source);
     const int way = m_way->currentData().toInt();
     m_way->clear();
     m_way->addItem(QStringLiteral("现金"), inCash);
     m_way->addItem(QStringLiteral("银行卡"), byCard);
     m_way->addItem(QStringLiteral("微信"), byWeChat);
     m_way->addItem(QStringLiteral("支付宝"), byAliPay);
+    if (!m_return.member.isEmpty())
+        m_way->addItem(QStringLiteral("退回储值卡"), ontoMemberCard);
     if (m_return.customer != walkInCustomer)
         m_way->addItem(QStringLiteral("冲减挂账"), onAccount);
     m_way->setCurrentIndex(std::max(0, m_way->findData(way)));
@@ -245,6 +251,9 @@ Tender TF_Posth::refund() const {
     case byAliPay:
         t.other.aliPay = amount;
         break;
+    case ontoMemberCard:
+        t.other.storedValue = amount;
+        break;
     case onAccount:
         break;
     default:
@@ -255,7 +264,7 @@ Tender TF_Posth::refund() const {
 
 void TF_Posth::btnOKClick() {
     m_table->setCurrentCell(-1, -1); // what is being typed counts
-    if (show(postReturn(session(), prompter(), m_members, m_return, refund(), &m_number)))
+    if (show(postReturn(session(), prompter(), m_return, refund(), &m_number)))
         accept();
 }
 
