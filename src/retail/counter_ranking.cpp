@@ -98,13 +98,20 @@ Rows counterRanking(const Session &session, const CounterFilter &filter, RankedB
     std::ranges::stable_sort(all, std::greater(), &Ranked::measured);
     ComputedRows list(rows.front().columns().names(),
                       QStringLiteral("rank lr share cumulative").split(u' '));
+    const auto isSought = [&](const Row &row) {
+        return filter.search.isEmpty() ||
+               row.text(u"code").contains(filter.search, Qt::CaseInsensitive) ||
+               row.text(u"name").contains(filter.search, Qt::CaseInsensitive);
+    };
     Decimal soFar;
     qint64 rank = 0;
     for (const Ranked &r : all) {
         if (most > 0 && rank == most)
             break;
         soFar += r.measured;
-        list.add(*r.row, {++rank, r.profit, percent(r.measured, total), percent(soFar, total)});
+        ++rank;
+        if (isSought(*r.row))
+            list.add(*r.row, {rank, r.profit, percent(r.measured, total), percent(soFar, total)});
     }
     return list.take();
 }

@@ -5,6 +5,7 @@
 #include "db/database.h"
 #include "db/like.h"
 #include "db/where.h"
+#include "master/goods_rules.h"
 #include "stock/goods_search.h"
 
 namespace jxc {
@@ -44,7 +45,9 @@ Rows counterGoods(const Session &session, const CounterFilter &filter) {
     for (const Row &row : rows) {
         const Decimal amount = row.decimal(u"zje");
         const Decimal profit = amount - row.decimal(u"zcb");
-        list.add(row, {profit, (profit * Decimal(100) / amount).rounded(2)});
+        // A discount is all profit or loss; a rate of it says nothing.
+        const bool isGoods = row.text(u"goods") != discountGoods;
+        list.add(row, {profit, isGoods ? (profit * Decimal(100) / amount).rounded(2) : Decimal()});
     }
     return list.take();
 }

@@ -51,6 +51,7 @@ Where conditions(const Session &session, const Side &side, const CounterFilter &
     where.addEqual(QStringLiteral("h.a_name"), filter.cashier);
     where.addEqual(QStringLiteral("h.ck_sn"), filter.warehouse);
     addEqualOrNone(where, QStringLiteral("h.hy_sn"), filter.member);
+    where.addEqual(QStringLiteral("h.pos_rjid"), filter.settlement);
     if (filter.ofTillOnly)
         where.add(QStringLiteral("length(h.pos_xsrq)>10"));
     addWarehouseRestriction(session, where, QStringLiteral("h.ck_sn"));

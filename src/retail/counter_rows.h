@@ -18,6 +18,7 @@ struct CounterFilter {
     QString goods{};                          ///< of lines
     QString goodsClass{};                     ///< of lines: this very class (or `noneAtAll`)
     QString search{};                         ///< what is typed; each list says in what it looks
+    QString settlement{};                     ///< number of the day end
     /// Leaves out what the back office sold to members: it carries a day, but no time.
     bool ofTillOnly = false;
 };
