@@ -2,6 +2,7 @@
 
 #include "retail/print_settings.h"
 #include "retail/receipt_paper.h"
+#include "retail/shift_paper.h"
 #include "ui/form.h"
 
 namespace jxc {
@@ -12,5 +13,10 @@ namespace jxc {
                                              const PrintSettings &settings,
                                              const ReceiptPaper &paper, const QString &printer,
                                              bool again, QWidget *parent);
+
+/// The slip of a change of shift with its template (poshb.fr3), likewise.
+[[nodiscard]] QString printShiftByTemplate(const FormContext &context,
+                                           const PrintSettings &settings, const EndedShift &ended,
+                                           const QString &printer, bool again, QWidget *parent);
 
 } // namespace jxc

@@ -3,6 +3,7 @@
 #include "core/action.h"
 #include "core/session.h"
 #include "retail/escpos_bytes.h"
+#include "retail/shift_paper.h"
 #include "ui/receipt_print.h"
 
 #include <QApplication>
@@ -39,9 +40,16 @@ QString CounterPrinting::printerOf(const PrintSettings &settings) const {
     return QPrinterInfo::defaultPrinterName();
 }
 
-void CounterPrinting::print(const QString &number, bool again) {
+void CounterPrinting::printWith(const std::function<void(const PrintSettings &)> &print) {
     try {
-        const PrintSettings settings = PrintSettings::load(m_context.session.db());
+        print(PrintSettings::load(m_context.session.db()));
+    } catch (const std::runtime_error &error) { // refusals and broken templates speak for users
+        Q_EMIT failed(QString::fromUtf8(error.what()));
+    }
+}
+
+void CounterPrinting::print(const QString &number, bool again) {
+    printWith([&](const PrintSettings &settings) {
         const ReceiptPaper paper = readReceiptPaper(m_context.session, number);
         if (settings.usesEscPos)
             m_sender(printerOf(settings),
@@ -49,9 +57,18 @@ void CounterPrinting::print(const QString &number, bool again) {
         else
             tellFault(printReceiptByTemplate(m_context, settings, paper, printerOf(settings), again,
                                              m_window));
-    } catch (const std::runtime_error &error) { // refusals and broken templates speak for users
-        Q_EMIT failed(QString::fromUtf8(error.what()));
-    }
+    });
+}
+
+void CounterPrinting::printShift(qint64 id, bool again) {
+    printWith([&](const PrintSettings &settings) {
+        const EndedShift ended = readShift(m_context.session, id);
+        if (settings.usesEscPos)
+            m_sender(printerOf(settings), escPosShift(settings, ended, again));
+        else
+            tellFault(printShiftByTemplate(m_context, settings, ended, printerOf(settings), again,
+                                           m_window));
+    });
 }
 
 void CounterPrinting::tellFault(const QString &text) {

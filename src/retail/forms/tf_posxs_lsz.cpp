@@ -4,7 +4,6 @@
 #include "core/session.h"
 #include "retail/forms/counter_printing.h"
 #include "retail/receipt_query.h"
-#include "ui/period_bar.h"
 
 #include <QAction>
 #include <QLayout>
@@ -21,7 +20,8 @@ ColumnSpec amount(const char16_t *field, const char16_t *caption) {
 } // namespace
 
 TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
-    : ListForm(context, QStringLiteral("TF_Posxs_Lsz"), QStringLiteral("POS销售流水账"), parent)
+    : CounterReport(context, QStringLiteral("TF_Posxs_Lsz"), QStringLiteral("POS销售流水账"),
+                    parent)
     , m_printing(new CounterPrinting(context, this)) {
     searchBox().setPlaceholderText(QStringLiteral("查找 F3：单号、会员"));
     setColumns({text(u"pos_xsrq", u"销售时间", 160), text(u"gl_djh", u"单号", 136),
@@ -42,9 +42,9 @@ TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
     addAction(QStringLiteral("btnSettings"), QStringLiteral("打印设置"),
               QKeySequence(QStringLiteral("Ctrl+P")), [this] { btnSettingsClick(); });
     addCommonActions();
-    m_period = addPeriodBar(static_cast<int>(PeriodChoice::today));
+    addFilters(PeriodChoice::today, Filters::all);
     grid().model().setTone([](const Row &row, const ColumnSpec &) {
-        return row.flag(u"is_return") ? Tone::danger : Tone::plain;
+        return row.flag(u"is_back") ? Tone::danger : Tone::plain;
     });
     m_lines =
         new Grid(context, QStringLiteral("TF_Posxs_Lsz_Sp"),
@@ -64,9 +64,8 @@ TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
             [this](const QString &words) { prompter().inform(words, informCaption); });
 }
 
-Rows TF_Posxs_Lsz::read(const QString &search) {
-    const Period days = m_period->period();
-    return listReceipts(session(), {.from = days.from, .to = days.to, .search = search});
+Rows TF_Posxs_Lsz::readFor(const CounterFilter &filter) {
+    return listReceipts(session(), filter);
 }
 
 void TF_Posxs_Lsz::refreshLines() {
