@@ -26,6 +26,11 @@
 #include "money/forms/tf_yskdj.h"
 #include "money/forms/tf_yskgl.h"
 #include "money/forms/tf_ysksk.h"
+#include "retail/forms/tf_dhzp.h"
+#include "retail/forms/tf_dhzp_add.h"
+#include "retail/forms/tf_hyksz.h"
+#include "retail/forms/tf_hyyh.h"
+#include "retail/forms/tf_hyyh_add.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posxs.h"
 #include "retail/forms/tf_posxs_lsz.h"
@@ -108,6 +113,11 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Yhzh>(QStringLiteral("TF_Yhzh"));
     registry.add<TF_WlzwGhs>(QStringLiteral("TF_WlzwGhs"));
     registry.add<TF_WlzwKh>(QStringLiteral("TF_WlzwKh"));
+    registry.add<TF_Hyyh>(QStringLiteral("TF_Hyyh"));
+    registry.add<TF_Hyyh_Add>(QStringLiteral("TF_Hyyh_Add"));
+    registry.add<TF_Hyksz>(QStringLiteral("TF_Hyksz"));
+    registry.add<TF_Dhzp>(QStringLiteral("TF_Dhzp"));
+    registry.add<TF_Dhzp_Add>(QStringLiteral("TF_Dhzp_Add"));
     registry.add<TF_Sms>(QStringLiteral("TF_Sms"));
     registry.add<TF_Sms_Cs>(QStringLiteral("TF_Sms_Cs"));
     registry.add<TF_Wxfk>(QStringLiteral("TF_Wxfk"));

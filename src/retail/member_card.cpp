@@ -29,8 +29,12 @@ void memberUsable(const Session &session, const Member &member) {
         throw Refusal(QStringLiteral("该会员卡已过期！"));
 }
 
+bool isMemberPassword(const Member &member, const QString &typed) {
+    return member.password.isEmpty() || member.password == typed;
+}
+
 void checkMemberPassword(const Member &member, const QString &typed) {
-    if (!member.password.isEmpty() && member.password != typed)
+    if (!isMemberPassword(member, typed))
         throw Refusal(QStringLiteral("会员密码不正确！"));
 }
 
