@@ -26,6 +26,9 @@
 #include "money/forms/tf_yskdj.h"
 #include "money/forms/tf_yskgl.h"
 #include "money/forms/tf_ysksk.h"
+#include "retail/forms/tf_hygl.h"
+#include "retail/forms/tf_hygl_add.h"
+#include "retail/forms/tf_hyxf.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posxs.h"
 #include "retail/forms/tf_posxs_lsz.h"
@@ -108,6 +111,9 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Yhzh>(QStringLiteral("TF_Yhzh"));
     registry.add<TF_WlzwGhs>(QStringLiteral("TF_WlzwGhs"));
     registry.add<TF_WlzwKh>(QStringLiteral("TF_WlzwKh"));
+    registry.add<TF_Hygl>(QStringLiteral("TF_Hygl"));
+    registry.add<TF_Hygl_Add>(QStringLiteral("TF_Hygl_Add"));
+    registry.add<TF_Hyxf>(QStringLiteral("TF_Hyxf"));
     registry.add<TF_Sms>(QStringLiteral("TF_Sms"));
     registry.add<TF_Sms_Cs>(QStringLiteral("TF_Sms_Cs"));
     registry.add<TF_Wxfk>(QStringLiteral("TF_Wxfk"));
