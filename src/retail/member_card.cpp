@@ -30,7 +30,9 @@ void memberUsable(const Session &session, const Member &member) {
 }
 
 bool isMemberPassword(const Member &member, const QString &typed) {
-    return member.password.isEmpty() || member.password == typed;
+    // The editor stores a password as it stores every text; the dialog stores it as it is typed.
+    return member.password.isEmpty() || member.password == typed ||
+           member.password == sanitizeSqlTextLight(typed);
 }
 
 void checkMemberPassword(const Member &member, const QString &typed) {

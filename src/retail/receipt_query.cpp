@@ -36,6 +36,7 @@ Where whereOf(const Session &session, const ReceiptFilter &filter) {
         where.add(QStringLiteral("a.a_name=?"), {filter.cashier});
     if (!filter.warehouse.isEmpty())
         where.add(QStringLiteral("a.ck_sn=?"), {filter.warehouse});
+    where.addEqual(QStringLiteral("a.hy_sn"), filter.member);
     if (!filter.search.isEmpty()) {
         const QString pattern = containsPattern(filter.search);
         where.add(

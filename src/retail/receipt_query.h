@@ -12,6 +12,7 @@ class Session;
 struct ReceiptFilter {
     QString from, to; ///< "yyyy-MM-dd", both included
     QString cashier{}, warehouse{};
+    QString member{}; ///< hy_sn
     QString search{}; ///< a part of the number or of the member's name, or the member's card
 };
 

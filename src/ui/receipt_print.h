@@ -2,6 +2,7 @@
 
 #include "retail/print_settings.h"
 #include "retail/receipt_paper.h"
+#include "retail/recharge_paper.h"
 #include "ui/form.h"
 
 namespace jxc {
@@ -12,5 +13,10 @@ namespace jxc {
                                              const PrintSettings &settings,
                                              const ReceiptPaper &paper, const QString &printer,
                                              bool again, QWidget *parent);
+/// The same for a recharge of a member's card (hyxf.fr3).
+[[nodiscard]] QString printRechargeByTemplate(const FormContext &context,
+                                              const PrintSettings &settings,
+                                              const RechargePaper &paper, const QString &printer,
+                                              bool again, QWidget *parent);
 
 } // namespace jxc

@@ -39,9 +39,16 @@ QString CounterPrinting::printerOf(const PrintSettings &settings) const {
     return QPrinterInfo::defaultPrinterName();
 }
 
-void CounterPrinting::print(const QString &number, bool again) {
+void CounterPrinting::guarded(const std::function<void(const PrintSettings &)> &run) {
     try {
-        const PrintSettings settings = PrintSettings::load(m_context.session.db());
+        run(PrintSettings::load(m_context.session.db()));
+    } catch (const std::runtime_error &error) { // refusals and broken templates speak for users
+        Q_EMIT failed(QString::fromUtf8(error.what()));
+    }
+}
+
+void CounterPrinting::print(const QString &number, bool again) {
+    guarded([&](const PrintSettings &settings) {
         const ReceiptPaper paper = readReceiptPaper(m_context.session, number);
         if (settings.usesEscPos)
             m_sender(printerOf(settings),
@@ -49,9 +56,19 @@ void CounterPrinting::print(const QString &number, bool again) {
         else
             tellFault(printReceiptByTemplate(m_context, settings, paper, printerOf(settings), again,
                                              m_window));
-    } catch (const std::runtime_error &error) { // refusals and broken templates speak for users
-        Q_EMIT failed(QString::fromUtf8(error.what()));
-    }
+    });
+}
+
+void CounterPrinting::printRecharge(const QString &number, bool again) {
+    guarded([&](const PrintSettings &settings) {
+        const RechargePaper paper = readRechargePaper(m_context.session, number);
+        if (settings.usesEscPos)
+            m_sender(printerOf(settings),
+                     escPosRecharge(settings, paper, again).repeated(settings.copies));
+        else
+            tellFault(printRechargeByTemplate(m_context, settings, paper, printerOf(settings),
+                                              again, m_window));
+    });
 }
 
 void CounterPrinting::tellFault(const QString &text) {

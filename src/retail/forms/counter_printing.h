@@ -17,6 +17,8 @@ public:
 
     /// Prints a receipt on the device that the settings name; `again` marks the paper.
     void print(const QString &number, bool again);
+    /// Prints a recharge of a member's card (XF…) likewise.
+    void printRecharge(const QString &number, bool again);
     /// After paying: prints, if the shop wants it, and opens the drawer.
     void printAfterPaying(const QString &number);
     void openDrawer();
@@ -31,6 +33,8 @@ Q_SIGNALS:
     void failed(const QString &text);
 
 private:
+    /// What is done to the printer; what goes wrong is told, and never more than that.
+    void guarded(const std::function<void(const PrintSettings &)> &run);
     void tellFault(const QString &text);
     void sendRaw(const QString &printer, const QByteArray &bytes);
     void sendToPort(const QString &port, const QByteArray &bytes);
