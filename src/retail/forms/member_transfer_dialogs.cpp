@@ -1,7 +1,7 @@
 #include "retail/forms/member_transfer_dialogs.h"
 
-#include "retail/forms/member_source.h"
 #include "retail/member_figures.h"
+#include "ui/member_source.h"
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
 
