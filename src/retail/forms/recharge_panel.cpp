@@ -123,7 +123,7 @@ QLabel *RechargePanel::addFigure(const QString &caption, const QString &name) {
 
 void RechargePanel::startNew() {
     m_member->setChoice({}, {});
-    m_amount->setValue({});
+    m_amount->clear();
     m_password->clear();
     m_note->clear();
     m_told->clear();
@@ -136,7 +136,7 @@ void RechargePanel::setMember(const QString &key) {
     m_member->setCode(key);
     showMember();
     if (!m_member->code().isEmpty())
-        m_amount->setFocus();
+        m_amount->setFocus(Qt::TabFocusReason);
 }
 
 void RechargePanel::refresh() {
@@ -239,7 +239,7 @@ void RechargePanel::goOn() {
     const QList<QWidget *> order{m_member, m_amount, m_password, m_note};
     for (qsizetype i = order.indexOf(focusWidget()) + 1; i > 0 && i < order.size(); ++i)
         if (order[i]->isEnabled()) {
-            order[i]->setFocus();
+            order[i]->setFocus(Qt::TabFocusReason);
             return;
         }
     Q_EMIT submitted();
