@@ -171,7 +171,8 @@ QString printReceiptByTemplate(const FormContext &context, const PrintSettings &
                                const ReceiptPaper &paper, const QString &printerName, bool again,
                                QWidget *parent) {
     return printSlip(context, settings,
-                     {templateFile, receiptData(context.session, settings, paper, again),
+                     {QStringLiteral("posxsd.fr3"),
+                      receiptData(context.session, settings, paper, again),
                       QStringLiteral("小票") + paper.number, paper.number, settings.copies},
                      printerName, parent);
 }
