@@ -26,6 +26,14 @@
 #include "money/forms/tf_yskdj.h"
 #include "money/forms/tf_yskgl.h"
 #include "money/forms/tf_ysksk.h"
+#include "retail/forms/tf_dhzp.h"
+#include "retail/forms/tf_dhzp_add.h"
+#include "retail/forms/tf_hygl.h"
+#include "retail/forms/tf_hygl_add.h"
+#include "retail/forms/tf_hyksz.h"
+#include "retail/forms/tf_hyxf.h"
+#include "retail/forms/tf_hyyh.h"
+#include "retail/forms/tf_hyyh_add.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posxs.h"
 #include "retail/forms/tf_posxs_crk.h"
@@ -126,6 +134,14 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Yhzh>(QStringLiteral("TF_Yhzh"));
     registry.add<TF_WlzwGhs>(QStringLiteral("TF_WlzwGhs"));
     registry.add<TF_WlzwKh>(QStringLiteral("TF_WlzwKh"));
+    registry.add<TF_Hygl>(QStringLiteral("TF_Hygl"));
+    registry.add<TF_Hygl_Add>(QStringLiteral("TF_Hygl_Add"));
+    registry.add<TF_Hyxf>(QStringLiteral("TF_Hyxf"));
+    registry.add<TF_Hyyh>(QStringLiteral("TF_Hyyh"));
+    registry.add<TF_Hyyh_Add>(QStringLiteral("TF_Hyyh_Add"));
+    registry.add<TF_Hyksz>(QStringLiteral("TF_Hyksz"));
+    registry.add<TF_Dhzp>(QStringLiteral("TF_Dhzp"));
+    registry.add<TF_Dhzp_Add>(QStringLiteral("TF_Dhzp_Add"));
     registry.add<TF_Sms>(QStringLiteral("TF_Sms"));
     registry.add<TF_Sms_Cs>(QStringLiteral("TF_Sms_Cs"));
     registry.add<TF_Wxfk>(QStringLiteral("TF_Wxfk"));

@@ -3,7 +3,6 @@
 #include "core/session.h"
 #include "retail/gateway_settings.h"
 #include "retail/sms_book.h"
-#include "retail/sms_settings.h"
 #include "ui/form.h"
 
 namespace jxc {
@@ -53,8 +52,7 @@ void GatewayWatch::askForPayments() {
 }
 
 void GatewayWatch::sendMessages() {
-    if (m_sms.isBusy() || loadGatewaySettings(m_home).smsHost.isEmpty() ||
-        !isSmsOn(m_session.db()) || !loadSmsSettings(m_session.db()).isComplete())
+    if (m_sms.isBusy() || !canSendSms(m_session, m_home))
         return;
     if (const QList<qint64> waiting = waitingMessages(m_session); !waiting.isEmpty())
         m_sms.sendWaiting(waiting);

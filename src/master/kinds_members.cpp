@@ -3,6 +3,7 @@
 #include "db/database.h"
 #include "master/kind_parts.h"
 #include "master/member_number.h"
+#include "master/member_offer.h"
 #include "master/record.h"
 
 // Members, their levels, and what they are offered.
@@ -111,31 +112,21 @@ MasterKind levelKind() {
     return kind;
 }
 
-void refuseUnlessPositive(const Record &record, const char16_t *columnName) {
-    const QString column = QString::fromUtf16(columnName);
-    if (!record.decimal(column).isPositive())
-        throw FieldRefusal(column, masterKind(u"jxc_hyyh").field(column)->caption +
-                                       QStringLiteral("必须大于零！"));
-}
-
-/// The figures of the offer's kind, and the note that says what they mean.
+/// The figures of the offer's kind, and the note that says what they mean. Those of another kind
+/// go: a sale would give back by them whatever the kind says.
 void checkOffer(const Session &session, Record &record) {
-    const QString note = QStringLiteral("hh_note");
     const QString kind = record.text(u"hh_zl");
-    if (kind == u"0") {
-        refuseUnlessPositive(record, u"hh_yh1");
-        record.set(note, QStringLiteral("实际款=所付存款*") + record.text(u"hh_yh1"));
-    } else if (kind == u"1") {
-        refuseUnlessPositive(record, u"hh_yh2");
-        refuseUnlessPositive(record, u"hh_yh3");
-        record.set(note, QStringLiteral("累计消费 %1 元，转换现金 %2 元")
-                             .arg(record.text(u"hh_yh2"), record.text(u"hh_yh3")));
-    } else {
-        if (session.db().exists(QStringLiteral("select id from jxc_hyyh where hh_zl=2 and id<>?"),
-                                {record.id}))
-            throw FieldRefusal(QStringLiteral("hh_zl"), QStringLiteral("已有充值赠送的优惠方式！"));
-        record.set(note, QStringLiteral("充值赠送金额"));
+    if (kind == u"2" && hasOtherGiftOffer(session, record.id))
+        throw FieldRefusal(QStringLiteral("hh_zl"), secondGiftOffer);
+    const QStringList counting = offerFigures(kind);
+    for (const QString &figure : wordList(u"hh_yh1 hh_yh2 hh_yh3")) {
+        if (!counting.contains(figure))
+            record.set(figure, QStringLiteral("0"));
+        else if (!record.decimal(figure).isPositive())
+            throw FieldRefusal(figure, masterKind(u"jxc_hyyh").field(figure)->caption +
+                                           QStringLiteral("必须大于零！"));
     }
+    record.set(QStringLiteral("hh_note"), offerNote(record));
 }
 
 MasterKind offerKind() {
@@ -158,6 +149,9 @@ MasterKind offerKind() {
         Field(u"hh_yh3", ValueKind::amount).notNegative().caption(u"转换现金").follower(u"hh_note"),
         Field(u"hh_note").readOnly()};
     kind.columns = listColumns(u"hh_sn hh_name hh_zlname hh_yh1 hh_yh2 hh_yh3 hh_note");
+    kind.propose = [](const Session &, Record &record) {
+        record.set(QStringLiteral("hh_note"), offerNote(record));
+    };
     kind.check = checkOffer;
     return kind;
 }

@@ -2,6 +2,7 @@
 
 #include "retail/print_settings.h"
 #include "retail/receipt_paper.h"
+#include "retail/recharge_paper.h"
 
 #include <QByteArray>
 
@@ -10,6 +11,10 @@ namespace jxc {
 /// One copy of a receipt for a receipt printer. `again` marks a reprint.
 [[nodiscard]] QByteArray escPosReceipt(const PrintSettings &settings, const ReceiptPaper &paper,
                                        bool again);
+
+/// The same for a recharge of a member's card.
+[[nodiscard]] QByteArray escPosRecharge(const PrintSettings &settings, const RechargePaper &paper,
+                                        bool again);
 
 /// The lights of a customer display.
 enum class DisplayLight { price = 1, total = 2, received = 3, change = 4 };

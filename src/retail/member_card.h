@@ -10,6 +10,8 @@ class Session;
 /// Whether a card may be used today, at the counter, for recharge, transfer and exchange. Throws
 /// Refusal for a lost or expired one.
 void memberUsable(const Session &session, const Member &member);
+/// Whether this is the card's password; any is, while it has none.
+[[nodiscard]] bool isMemberPassword(const Member &member, const QString &typed);
 /// Before value or points leave a card, and before it is changed: its password, unless it has none.
 /// Throws Refusal.
 void checkMemberPassword(const Member &member, const QString &typed);

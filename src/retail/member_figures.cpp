@@ -41,15 +41,15 @@ void notePoints(Session &session, const Member &member, Decimal taken, const QSt
                             {QStringLiteral("jf_note"), fitted(pointsTable, u"jf_note", note)}});
 }
 
-/// What both kinds of transfer have in common: who, how much, and the log line.
+/// What both kinds of transfer have in common: who, how much, and the log line. `what` moves.
 Outcome transferBetween(Session &session, Prompter &prompter, const Transfer &t,
-                        const QString &title,
+                        const QString &title, const QString &what,
                         const std::function<void(Member &from, Member &to)> &move) {
     return runAction(session.db(), prompter, [&](Answers &) {
         if (t.from == t.to)
             throw Refusal(QStringLiteral("转出会员与转入会员不能相同！"));
         if (!t.amount.isPositive())
-            throw Refusal(title + QStringLiteral("数量必须大于零！"));
+            throw Refusal(what + QStringLiteral("必须大于零！"));
         Member from = loadMember(session.db(), t.from);
         Member to = loadMember(session.db(), t.to);
         memberUsable(session, from);
@@ -99,7 +99,7 @@ Outcome correctSpending(Session &session, Prompter &prompter, const QString &key
 }
 
 Outcome transferValue(Session &session, Prompter &prompter, const Transfer &t) {
-    return transferBetween(session, prompter, t, QStringLiteral("转账"),
+    return transferBetween(session, prompter, t, QStringLiteral("转账"), QStringLiteral("转账金额"),
                            [&](Member &from, Member &to) {
                                if (t.amount > from.value)
                                    throw Refusal(QStringLiteral("卡内金额不足！"));
@@ -112,7 +112,7 @@ Outcome transferValue(Session &session, Prompter &prompter, const Transfer &t) {
 
 Outcome transferPoints(Session &session, Prompter &prompter, const Transfer &t) {
     return transferBetween(session, prompter, t, QStringLiteral("积分转移"),
-                           [&](Member &from, Member &to) {
+                           QStringLiteral("转移积分"), [&](Member &from, Member &to) {
                                if (t.amount > from.points)
                                    throw Refusal(QStringLiteral("会员积分不足！"));
                                from.points -= t.amount;

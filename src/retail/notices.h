@@ -9,12 +9,10 @@ namespace jxc {
 class Session;
 struct Member;
 
-/// A text to a member with {hyname}, {hybh}, {hysr}, {czkje} and {zjf} filled in.
-[[nodiscard]] QString filledNotice(const QString &text, const Member &member);
-
-/// Queues the notice of a recharge, {czje} its amount and {bcjf} its points, when notices are
-/// switched on, a text is set and the member has a mobile number. Nothing is sent here.
-void queueRechargeNotice(Session &session, const QString &number, const Member &member,
-                         Decimal amount, Decimal points);
+/// Queues the notice of a recharge, waiting to be sent: {czje} is its amount and {bcjf} its points,
+/// beside what every message knows of the member. Only when notices are switched on, a text is set
+/// and the member has a mobile number. The row of jxc_smshy; 0 for none. Nothing is sent here.
+qint64 queueRechargeNotice(Session &session, const QString &number, const Member &member,
+                           Decimal amount, Decimal points);
 
 } // namespace jxc

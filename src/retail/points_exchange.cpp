@@ -127,7 +127,7 @@ private:
                 needed[line.goods] > getKcsl(m_db, line.goods, m_wanted.warehouse))
                 throw Refusal(QStringLiteral("赠品“%1”库存不足！").arg(goods->text(u"g_name")));
             const Decimal each = goods->decimal(u"g_zpjf");
-            m_gifts.push_back({each, (each * line.quantity).rounded(2)});
+            m_gifts.push_back({each, pointsFor(each, line.quantity)});
             m_points += m_gifts.back().points;
             m_quantity += line.quantity;
         }

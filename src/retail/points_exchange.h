@@ -20,6 +20,11 @@ struct PointsExchange {
     QString password{}; ///< of the card
 };
 
+/// What so many of a gift cost, in points.
+[[nodiscard]] inline Decimal pointsFor(Decimal each, Decimal quantity) {
+    return (each * quantity).rounded(2);
+}
+
 /// Takes the points, and the gifts out of stock from the batches that expire first. Refused with
 /// too few points, and for gifts out of stock while negative stock is not allowed. `number` gets
 /// the document's number (DH).

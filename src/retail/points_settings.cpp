@@ -4,6 +4,7 @@
 #include "core/operation_log.h"
 #include "core/session.h"
 #include "db/database.h"
+#include "master/record.h"
 
 namespace jxc {
 
@@ -31,36 +32,43 @@ bool isWithin(int day, const QString &from, const QString &to) {
     return first > 0 && first <= day && day <= last;
 }
 
-void checkRange(const QString &caption, const QString &from, const QString &to) {
-    for (const QString &date : {from, to})
-        if (!date.isEmpty() && !isDate(date))
-            throw Refusal(QStringLiteral("%1的日期“%2”不正确！").arg(caption, date));
-    if (!to.isEmpty() && from > to)
-        throw Refusal(QStringLiteral("%1的开始日期不能大于结束日期！").arg(caption));
+void refuseUnless(bool right, const char16_t *column, const QString &text) {
+    if (!right)
+        throw FieldRefusal(QString::fromUtf16(column), text);
+}
+
+void checkRange(const QString &caption, const char16_t *fromColumn, const QString &from,
+                const char16_t *toColumn, const QString &to) {
+    for (const auto &[column, date] : {std::pair(fromColumn, from), std::pair(toColumn, to)})
+        refuseUnless(date.isEmpty() || isDate(date), column,
+                     QStringLiteral("%1的日期“%2”不正确！").arg(caption, date));
+    refuseUnless(to.isEmpty() || from <= to, toColumn,
+                 QStringLiteral("%1的开始日期不能大于结束日期！").arg(caption));
 }
 
 void checkDays(const PointsSettings &s) {
     const int most = s.memberDay == MemberDay::weekly ? 7 : 31;
     const int from = s.memberDayFrom.toInt();
     const int to = s.memberDayTo.isEmpty() ? from : s.memberDayTo.toInt();
-    if (from < 1 || to < from || to > most)
-        throw Refusal(QStringLiteral("会员日必须在 1 到 %1 之间！").arg(most));
+    refuseUnless(from >= 1 && to >= from && to <= most, u"jf_hyrmy1",
+                 QStringLiteral("会员日必须在 1 到 %1 之间！").arg(most));
 }
 
 void check(const PointsSettings &s) {
-    if (s.amountPerPoint.isNegative())
-        throw Refusal(QStringLiteral("每分金额不能小于零！"));
-    if (s.birthdayFactor < 0 || s.promotionFactor < 0)
-        throw Refusal(QStringLiteral("积分倍数不能小于零！"));
-    if (s.birthdayDays < 0)
-        throw Refusal(QStringLiteral("生日天数不能小于零！"));
-    checkRange(QStringLiteral("促销期间"), s.promotionFrom, s.promotionTo);
+    const QString factor = QStringLiteral("积分倍数不能小于零！");
+    refuseUnless(!s.amountPerPoint.isNegative(), u"jf_mfje",
+                 QStringLiteral("每分金额不能小于零！"));
+    refuseUnless(s.birthdayFactor >= 0, u"jf_srjfbs", factor);
+    refuseUnless(s.promotionFactor >= 0, u"jf_dbjf", factor);
+    refuseUnless(s.birthdayDays >= 0, u"jf_srjfts", QStringLiteral("生日天数不能小于零！"));
+    checkRange(QStringLiteral("促销期间"), u"jf_dbrq1", s.promotionFrom, u"jf_dbrq2",
+               s.promotionTo);
     if (s.memberDay == MemberDay::weekly || s.memberDay == MemberDay::monthly)
         checkDays(s);
     if (s.memberDay == MemberDay::period)
-        checkRange(QStringLiteral("会员日"), s.periodFrom, s.periodTo);
-    if (s.memberDayDiscount.isNegative() || s.memberDayDiscount > Decimal(1))
-        throw Refusal(QStringLiteral("会员日折扣必须在 0 到 1 之间！"));
+        checkRange(QStringLiteral("会员日"), u"jf_hyr1", s.periodFrom, u"jf_hyr2", s.periodTo);
+    refuseUnless(!s.memberDayDiscount.isNegative() && s.memberDayDiscount <= Decimal(1),
+                 u"jf_hyrzk", QStringLiteral("会员日折扣必须在 0 到 1 之间！"));
 }
 
 Assignments rowOf(const PointsSettings &s) {
@@ -121,8 +129,9 @@ Decimal PointsSettings::discountOn(QStringView day) const {
     return applies ? memberDayDiscount : Decimal(1);
 }
 
-Outcome savePointsSettings(Session &session, Prompter &prompter, const PointsSettings &settings) {
-    return runAction(session.db(), prompter, [&](Answers &) {
+Outcome savePointsSettings(Session &session, Prompter &prompter, const PointsSettings &settings,
+                           QString *field) {
+    return runFieldAction(session.db(), prompter, field, [&](Answers &) {
         check(settings);
         Database &db = session.db();
         const QString id = db.scalar(QStringLiteral("select min(id) from jxc_jfsz"));

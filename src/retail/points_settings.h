@@ -39,7 +39,8 @@ struct PointsSettings {
 };
 
 /// Keeps the settings, but for `specialPricesEarn`, after checking them: figures are not negative,
-/// dates are dates, a range ends after it begins.
-Outcome savePointsSettings(Session &session, Prompter &prompter, const PointsSettings &settings);
+/// dates are dates, a range ends after it begins. Refused, `field` names the column at fault.
+Outcome savePointsSettings(Session &session, Prompter &prompter, const PointsSettings &settings,
+                           QString *field = nullptr);
 
 } // namespace jxc

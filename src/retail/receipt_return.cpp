@@ -203,6 +203,13 @@ CounterReturn returnOf(Session &session, const QString &receipt) {
     return r;
 }
 
+Rows batchesToReturnTo(const Session &session, const QString &goods, const QString &warehouse) {
+    return session.db().rows(
+        QStringLiteral("select t_ph,t_scrq,t_yxq,t_sl from jxc_tkc where g_sn=? and ck_sn=? and "
+                       "t_ph<>'' order by id desc"),
+        {goods, warehouse});
+}
+
 bool mayReturn(const Session &session) {
     return hasRight(session, u"xsgl", 2);
 }

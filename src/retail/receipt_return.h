@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/action.h"
+#include "db/row.h"
 #include "retail/tender.h"
 
 namespace jxc {
@@ -38,6 +39,11 @@ struct CounterReturn {
 /// What can still be returned of a receipt, every quantity 0. Throws Refusal for an unknown or
 /// cancelled receipt and for one that was returned wholly.
 [[nodiscard]] CounterReturn returnOf(Session &session, const QString &receipt);
+
+/// Batches that goods without a receipt may have come from, the newest first: t_ph t_scrq t_yxq
+/// t_sl; sold out ones are among them.
+[[nodiscard]] Rows batchesToReturnTo(const Session &session, const QString &goods,
+                                     const QString &warehouse);
 
 /// Whether the cashier may take goods back himself (xsgl 2).
 [[nodiscard]] bool mayReturn(const Session &session);

@@ -47,8 +47,7 @@ public:
         memberUsable(m_session, m_member);
         if (m_recharge.amount.isNegative())
             checkPayout();
-        else
-            checkTenders();
+        m_receipt.change = rechargeChange(m_recharge);
         m_receipt.bonus = m_recharge.amount.isNegative()
                               ? lapsingBonus()
                               : rechargeBonus(m_session, m_member, m_recharge.amount);
@@ -58,8 +57,8 @@ public:
         writeMovement(kind);
         bookCash();
         creditMember();
-        queueRechargeNotice(m_session, m_receipt.number, m_member, m_recharge.amount,
-                            m_receipt.points);
+        m_receipt.notice = queueRechargeNotice(m_session, m_receipt.number, m_member,
+                                               m_recharge.amount, m_receipt.points);
         writeLog(m_session,
                  QStringLiteral("会员充值：%1，%2，%3")
                      .arg(m_receipt.number, m_member.number, m_recharge.amount.toText()));
@@ -67,25 +66,8 @@ public:
     }
 
 private:
-    void checkTenders() {
-        const Decimal tendered = m_recharge.cash + m_recharge.other.sum();
-        for (const Decimal &amount :
-             {m_recharge.cash, m_recharge.other.bankCard, m_recharge.other.voucher,
-              m_recharge.other.weChat, m_recharge.other.aliPay})
-            if (amount.isNegative())
-                throw Refusal(QStringLiteral("付款金额不能小于零！"));
-        m_receipt.change = tendered - m_recharge.amount;
-        if (m_receipt.change.isNegative())
-            throw Refusal(QStringLiteral("付款金额不足！"));
-        if (m_receipt.change > m_recharge.cash)
-            throw Refusal(QStringLiteral("找零金额不能大于现金！"));
-    }
-
-    /// A payout is split among the tenders exactly; there is nothing to change.
     void checkPayout() {
         checkMemberPassword(m_member, m_recharge.password);
-        if (m_recharge.cash + m_recharge.other.sum() != m_recharge.amount)
-            throw Refusal(QStringLiteral("付款金额之和与退款金额不一致！"));
         if (-m_recharge.amount > refundableValue(m_session, m_member))
             throw Refusal(QStringLiteral("卡内金额不足！"));
     }
@@ -189,6 +171,26 @@ Decimal refundableValue(Session &session, const Member &member) {
     const int decimals = Parameters::load(session.db()).amountDecimals;
     const Decimal left = (member.value * in.amount / (in.amount + bonus)).rounded(decimals);
     return std::min(left, in.amount);
+}
+
+Decimal rechargeChange(const Recharge &recharge) {
+    const Decimal tendered = recharge.cash + recharge.other.sum();
+    // A payout is split among the tenders exactly; there is nothing to change.
+    if (recharge.amount.isNegative()) {
+        if (tendered != recharge.amount)
+            throw Refusal(QStringLiteral("付款金额之和与退款金额不一致！"));
+        return {};
+    }
+    for (const Decimal &amount : {recharge.cash, recharge.other.bankCard, recharge.other.voucher,
+                                  recharge.other.weChat, recharge.other.aliPay})
+        if (amount.isNegative())
+            throw Refusal(QStringLiteral("付款金额不能小于零！"));
+    const Decimal change = tendered - recharge.amount;
+    if (change.isNegative())
+        throw Refusal(QStringLiteral("付款金额不足！"));
+    if (change > recharge.cash)
+        throw Refusal(QStringLiteral("找零金额不能大于现金！"));
+    return change;
 }
 
 RechargeReceipt rechargeInTransaction(Session &session, const Recharge &recharge,

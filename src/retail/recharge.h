@@ -26,7 +26,12 @@ struct RechargeReceipt {
     Decimal change;
     Decimal value;     ///< on the card now
     Decimal pointsNow; ///< to spend, with them
+    qint64 notice = 0; ///< the message to the member that waits to be sent; 0 for none
 };
+
+/// What is to be given back when a recharge is paid so; 0 for a payout. Throws Refusal when the
+/// tenders do not fit the amount.
+[[nodiscard]] Decimal rechargeChange(const Recharge &recharge);
 
 /// The bonus that the member's offer gives on an amount: by a factor, or by the table of gifts when
 /// the amount stands there exactly. Rounded to the amount decimals.

@@ -62,25 +62,6 @@ QString messageFor(const Row &member, const QString &text, const QString &sign) 
 
 } // namespace
 
-Rows smsMembers(const Session &session, const QString &search, const QString &level) {
-    Where where;
-    where.add(QStringLiteral("m.hy_sn<>'100001'")); // who has no card has no telephone
-    where.addEqual(QStringLiteral("m.hl_sn"), level);
-    if (!search.isEmpty()) {
-        QStringList parts;
-        for (const char *name : {"m.hy_bh", "m.hy_name", "m.hy_jm", "m.hy_mobile"})
-            parts << contains(QString::fromLatin1(name));
-        where.add(u'(' + parts.join(QStringLiteral(" or ")) + u')',
-                  Values(static_cast<size_t>(parts.size()), containsPattern(search)));
-    }
-    return session.db().rows(
-        QStringLiteral("select m.id,m.hy_sn,m.hy_bh,m.hy_name,l.hl_name,m.hy_mobile,m.hy_sr,"
-                       "m.hy_jf,m.hy_zhje from jxc_hyxx m left join jxc_hyfl l on "
-                       "l.hl_sn=m.hl_sn where %1 order by m.id")
-            .arg(where.text()),
-        where.values());
-}
-
 Outcome recordSmsBatch(Session &session, Prompter &prompter, const QString &text,
                        const QStringList &members, SmsBatch *batch) {
     return runAction(session.db(), prompter, [&](Answers &) {

@@ -13,10 +13,6 @@ struct SmsBatch {
     int withoutMobile = 0; ///< members left out because they have no number
 };
 
-/// Members that messages go to, by what was typed (card, name, mnemonic code, telephone) and the
-/// level; empty for any.
-[[nodiscard]] Rows smsMembers(const Session &session, const QString &search, const QString &level);
-
 /// Writes down a batch to members (their hy_sn), every message of it waiting (no sms_rq yet). Logs
 /// it. Refused without the provider's parameters, while messages are switched off, without members
 /// or text, and for a text that does not fit.

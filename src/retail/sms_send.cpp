@@ -131,4 +131,23 @@ void TF_Sms_Send::endWith(const QString &error) {
     Q_EMIT finished(m_report);
 }
 
+bool canSendSms(Session &session, const QString &home) {
+    return !loadGatewaySettings(home).smsHost.isEmpty() && isSmsOn(session.db()) &&
+           loadSmsSettings(session.db()).isComplete();
+}
+
+void sendSoon(Session &session, Prompter &prompter, const QString &home, qint64 id,
+              QObject *owner) {
+    try {
+        if (id == 0 || !canSendSms(session, home))
+            return;
+    } catch (const std::exception &fault) { // the server of the data went away
+        qWarning("%s", fault.what());
+        return;
+    }
+    auto *sender = new TF_Sms_Send(session, prompter, home, owner);
+    QObject::connect(sender, &TF_Sms_Send::finished, sender, &QObject::deleteLater);
+    sender->sendWaiting({id});
+}
+
 } // namespace jxc

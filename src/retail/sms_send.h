@@ -58,4 +58,10 @@ private:
     bool m_isBusy = false;
 };
 
+/// Whether messages can leave now: there are an address, an account and the switch is on.
+[[nodiscard]] bool canSendSms(Session &session, const QString &home);
+/// Sends a waiting message at once, in the background and without a word; what cannot be sent goes
+/// on waiting. `owner` lives at least until then. Does nothing for an id of 0.
+void sendSoon(Session &session, Prompter &prompter, const QString &home, qint64 id, QObject *owner);
+
 } // namespace jxc

@@ -95,6 +95,7 @@ void FieldTabs::add(const QString &table, const MasterField &field) {
         label->setProperty("quiet", true);
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(label, line, pair);
+        m_captions.insert(input, label);
     }
     grid->addWidget(input->widget(), line, pair + 1, 1, span * 2 - 1);
     m_inputs.push_back(input);
@@ -124,6 +125,12 @@ FieldInput *FieldTabs::commit() {
     return nullptr;
 }
 
+void FieldTabs::setShown(const FieldInput &input, bool shown) {
+    input.widget()->setVisible(shown);
+    if (QWidget *caption = m_captions.value(&input))
+        caption->setVisible(shown);
+}
+
 void FieldTabs::showPageOf(const QWidget *widget) {
     for (int i = 0; i < count(); ++i)
         if (this->widget(i)->isAncestorOf(widget))
@@ -144,8 +151,9 @@ bool FieldTabs::focusNext() {
     });
     if (now == m_inputs.end())
         return false;
-    const auto next = std::find_if(now + 1, m_inputs.end(),
-                                   [](FieldInput *input) { return !input->isReadOnly(); });
+    const auto next = std::find_if(now + 1, m_inputs.end(), [](FieldInput *input) {
+        return !input->isReadOnly() && !input->widget()->isHidden();
+    });
     if (next == m_inputs.end())
         return false;
     focus(**next);

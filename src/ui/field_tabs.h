@@ -35,6 +35,8 @@ public:
     void focus(const FieldInput &input);
     /// Goes to the field after the one with the focus; false behind the last one.
     bool focusNext();
+    /// Shows a field with its caption, or hides both; Enter passes over what is hidden.
+    void setShown(const FieldInput &input, bool shown);
     /// Shows the page that holds the widget.
     void showPageOf(const QWidget *widget);
 
@@ -44,6 +46,7 @@ private:
     FormContext m_context;
     std::vector<FieldInput *> m_inputs;
     QHash<QWidget *, int> m_cells; ///< filled places of each page
+    QHash<const FieldInput *, QWidget *> m_captions;
 };
 
 /// Whether the operator may see a field at all.

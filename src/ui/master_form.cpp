@@ -1,5 +1,6 @@
 #include "ui/master_form.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QMenu>
 #include <QSet>
@@ -94,26 +95,45 @@ void MasterForm::addDisabledBox() {
 
 /// The lists that the fields are picked from.
 void MasterForm::addSmallLists() {
-    auto *menu = new QMenu(this);
     QSet<QString> seen;
     for (const MasterField &field : m_kind.fields) {
         const MasterKind *list = findMasterKind(field.pick.table);
         if (list == nullptr || !list->isSmallList || seen.contains(list->table))
             continue;
         seen.insert(list->table);
-        menu->addAction(list->noun, this,
-                        [this, form = list->form] { context().stage.openForm(form, {}); });
+        addToLists(list->noun, list->form);
     }
-    if (menu->isEmpty())
-        return;
+}
+
+void MasterForm::addToLists(const QString &caption, const QString &form) {
+    if (m_lists == nullptr)
+        addListsButton();
+    QAction *action =
+        m_lists->addAction(caption, this, [this, form] { context().stage.openForm(form, {}); });
+    action->setEnabled(context().stage.isKnown(form));
+}
+
+void MasterForm::addListsButton() {
+    m_lists = new QMenu(this);
     auto *button = new QToolButton(this);
     button->setObjectName(QStringLiteral("btnLists"));
     button->setText(QStringLiteral("基础资料 Alt+B ▾"));
     button->setFocusPolicy(Qt::NoFocus);
     button->setShortcut(QKeySequence(QStringLiteral("Alt+B")));
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setMenu(menu);
+    button->setMenu(m_lists);
     addFilter(button);
+}
+
+QAction *MasterForm::addLink(const char16_t *name, const QString &caption, const QKeySequence &key,
+                             const QString &form) {
+    QAction *action = addAction(QString::fromUtf16(name), caption, key,
+                                [this, form] { context().stage.openForm(form, {}); });
+    if (!context().stage.isKnown(form)) {
+        action->setEnabled(false);
+        action->setToolTip(QStringLiteral("尚未提供"));
+    }
+    return action;
 }
 
 /// Filters stand at the left of their line, and it ends behind the last of them.

@@ -42,6 +42,11 @@ protected:
     // The groups of buttons, for forms that put their own between them.
     void addRowActions();
     void addListActions();
+    /// A button that opens a form which may not be part of this program; it is disabled then.
+    QAction *addLink(const char16_t *name, const QString &caption, const QKeySequence &key,
+                     const QString &form);
+    /// A further list or setting behind 基础资料.
+    void addToLists(const QString &caption, const QString &form);
     /// Into the line between buttons and grid.
     void addFilter(QWidget *filter);
 
@@ -49,9 +54,11 @@ private:
     void showKindColumns();
     void addDisabledBox();
     void addSmallLists();
+    void addListsButton();
 
     const MasterKind &m_kind;
     QCheckBox *m_disabled = nullptr;
+    QMenu *m_lists = nullptr; ///< behind 基础资料
     QPointer<RecordEditor> m_editor;
 };
 

@@ -57,11 +57,10 @@ std::optional<Row> namedRow(const Session &session, const Pick &pick, const QStr
 } // namespace
 
 bool mayKeep(const Session &session, const MasterKind &kind) {
-    static const QHash<QString, int> rights{{QStringLiteral("jxc_goods"), 1},
-                                            {QStringLiteral("jxc_ghsxx"), 2},
-                                            {QStringLiteral("jxc_khxx"), 3},
-                                            {QStringLiteral("jxc_user"), 4},
-                                            {QStringLiteral("jxc_ckxx"), 5}};
+    static const QHash<QString, int> rights{
+        {QStringLiteral("jxc_goods"), 1}, {QStringLiteral("jxc_ghsxx"), 2},
+        {QStringLiteral("jxc_khxx"), 3},  {QStringLiteral("jxc_user"), 4},
+        {QStringLiteral("jxc_ckxx"), 5},  {QStringLiteral("jxc_hyxx"), 10}};
     const int position = rights.value(kind.table);
     return position == 0 || hasRight(session, u"qtcz", position);
 }

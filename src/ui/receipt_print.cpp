@@ -15,10 +15,45 @@ namespace jxc {
 
 namespace {
 
-const QString templateFile = QStringLiteral("posxsd.fr3");
-
 PrintValue amount(Decimal value) {
     return {ValueKind::amount, value};
+}
+
+/// What every paper of the counter has above and below: the shop's own words, and what it is.
+PrintFields framing(const PrintSettings &settings, const QString &title, bool again) {
+    return {{QStringLiteral("sTitle"), title},
+            {QStringLiteral("again"), again ? QStringLiteral("（重打）") : QString()},
+            {QStringLiteral("bt1"), settings.title1},
+            {QStringLiteral("bt2"), settings.title2},
+            {QStringLiteral("jz1"), settings.foot1},
+            {QStringLiteral("jz2"), settings.foot2}};
+}
+
+PrintData rechargeData(const Session &session, const PrintSettings &settings,
+                       const RechargePaper &p, bool again) {
+    PrintData data = PrintData::of(session);
+    data.head = {{QStringLiteral("gl_djh"), p.number},
+                 {QStringLiteral("xf_rq"), p.time},
+                 {QStringLiteral("a_name"), p.cashier},
+                 {QStringLiteral("xf_note"), p.note},
+                 {QStringLiteral("hy_bh"), p.memberNumber},
+                 {QStringLiteral("hy_name"), p.memberName},
+                 {QStringLiteral("hy_mobile"), p.memberMobile},
+                 {QStringLiteral("xf_je"), amount(p.amount.abs())},
+                 {QStringLiteral("xf_yhje"), amount(p.bonus.abs())},
+                 {QStringLiteral("xf_xj"), amount(p.cash.abs())},
+                 {QStringLiteral("xf_zlje"), amount(p.change)},
+                 {QStringLiteral("hy_zhje"), amount(p.value)},
+                 {QStringLiteral("hy_jf"), {ValueKind::integer, p.points}}};
+    const bool out = p.isPayout();
+    data.vars = framing(settings, p.title(), again);
+    data.vars.insert(QStringLiteral("what"),
+                     out ? QStringLiteral("退款金额") : QStringLiteral("充值金额"));
+    data.vars.insert(QStringLiteral("bonus"),
+                     out ? QStringLiteral("扣回赠送") : QStringLiteral("赠送金额"));
+    data.vars.insert(QStringLiteral("left"),
+                     again ? QStringLiteral("当前余额") : QStringLiteral("卡内余额"));
+    return data;
 }
 
 PrintData receiptData(const Session &session, const PrintSettings &settings, const ReceiptPaper &p,
@@ -42,17 +77,12 @@ PrintData receiptData(const Session &session, const PrintSettings &settings, con
              {QStringLiteral("pos_zje"), amount(l.total)}});
     const ReceiptPaper::Member none;
     const ReceiptPaper::Member &m = p.member ? *p.member : none;
-    data.vars = {{QStringLiteral("sTitle"), p.title()},
-                 {QStringLiteral("again"), again ? QStringLiteral("（重打）") : QString()},
-                 {QStringLiteral("yf"), amount(p.due)},
-                 {QStringLiteral("sf"), amount(p.tendered)},
-                 {QStringLiteral("hybh"), m.number},
-                 {QStringLiteral("hyname"), m.name},
-                 {QStringLiteral("hymobile"), m.mobile},
-                 {QStringLiteral("bt1"), settings.title1},
-                 {QStringLiteral("bt2"), settings.title2},
-                 {QStringLiteral("jz1"), settings.foot1},
-                 {QStringLiteral("jz2"), settings.foot2}};
+    data.vars = framing(settings, p.title(), again);
+    data.vars.insert({{QStringLiteral("yf"), amount(p.due)},
+                      {QStringLiteral("sf"), amount(p.tendered)},
+                      {QStringLiteral("hybh"), m.number},
+                      {QStringLiteral("hyname"), m.name},
+                      {QStringLiteral("hymobile"), m.mobile}});
     if (p.member) {
         data.vars.insert(QStringLiteral("hyye"), amount(m.balance));
         data.vars.insert(QStringLiteral("hyjf"), {ValueKind::integer, m.points});
@@ -141,7 +171,18 @@ QString printReceiptByTemplate(const FormContext &context, const PrintSettings &
                                const ReceiptPaper &paper, const QString &printerName, bool again,
                                QWidget *parent) {
     return printSlip(context, settings,
-                     {templateFile, receiptData(context.session, settings, paper, again),
+                     {QStringLiteral("posxsd.fr3"),
+                      receiptData(context.session, settings, paper, again),
+                      QStringLiteral("小票") + paper.number, paper.number, settings.copies},
+                     printerName, parent);
+}
+
+QString printRechargeByTemplate(const FormContext &context, const PrintSettings &settings,
+                                const RechargePaper &paper, const QString &printerName, bool again,
+                                QWidget *parent) {
+    return printSlip(context, settings,
+                     {QStringLiteral("hyxf.fr3"),
+                      rechargeData(context.session, settings, paper, again),
                       QStringLiteral("小票") + paper.number, paper.number, settings.copies},
                      printerName, parent);
 }

@@ -2,6 +2,7 @@
 
 #include "retail/print_settings.h"
 #include "retail/receipt_paper.h"
+#include "retail/recharge_paper.h"
 #include "retail/shift_paper.h"
 #include "ui/form.h"
 
@@ -13,6 +14,11 @@ namespace jxc {
                                              const PrintSettings &settings,
                                              const ReceiptPaper &paper, const QString &printer,
                                              bool again, QWidget *parent);
+/// The same for a recharge of a member's card (hyxf.fr3).
+[[nodiscard]] QString printRechargeByTemplate(const FormContext &context,
+                                              const PrintSettings &settings,
+                                              const RechargePaper &paper, const QString &printer,
+                                              bool again, QWidget *parent);
 
 /// The slip of a change of shift with its template (poshb.fr3), likewise.
 [[nodiscard]] QString printShiftByTemplate(const FormContext &context,

@@ -27,6 +27,8 @@ QWidget *RecordDelegate::createEditor(QWidget *parent, const QStyleOptionViewIte
     const MasterField &field = m_table->rows().field(index.column());
     auto *input = new FieldInput(m_table->context(), m_table->tableName(), field,
                                  FieldInput::Place::cell, parent);
+    if (const auto source = m_table->pickSource(field.column))
+        input->pick()->setSource(*source);
     QWidget *editor = input->widget();
     input->setParent(editor); // they go together
     editor->setStyleSheet(QStringLiteral("border-radius: 0; min-height: 0; padding: 0 7px;"));

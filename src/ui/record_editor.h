@@ -56,6 +56,9 @@ protected:
     [[nodiscard]] virtual bool isFixed(const MasterField &field) const;
     /// Brings the field that a refusal speaks of to the front.
     virtual void focusRefused(const QString &column);
+    /// Enter.
+    virtual void nextField();
+    [[nodiscard]] QPushButton &okButton() const { return *m_ok; }
 
     void keyPressEvent(QKeyEvent *event) override;
 
@@ -63,7 +66,6 @@ private:
     void addButtons(QBoxLayout *column);
     void showTitle();
     void focusFirst();
-    void nextField();
     void followName();
     bool save();
     [[nodiscard]] QString tooLongColumn();

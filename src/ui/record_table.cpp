@@ -53,6 +53,11 @@ RecordTable::RecordTable(const FormContext &context, const QString &name, const 
     restoreLayout();
 }
 
+std::optional<PickSource> RecordTable::pickSource(const QString &column) const {
+    const auto found = m_sources.constFind(column);
+    return found == m_sources.constEnd() ? std::nullopt : std::optional(*found);
+}
+
 bool RecordTable::commitEditor() {
     if (!isEditing())
         return true;

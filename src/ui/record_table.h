@@ -2,6 +2,7 @@
 
 #include "ui/form.h"
 #include "ui/grid.h"
+#include "ui/pick_list.h"
 #include "ui/record_rows.h"
 
 #include <QTableView>
@@ -28,6 +29,11 @@ public:
     using QTableView::edit;
     void startNewRow();
     void advance(int direction = 1);
+    /// The column is picked from here instead of the master data that its field names.
+    void setPickSource(const QString &column, const PickSource &source) {
+        m_sources.insert(column, source);
+    }
+    [[nodiscard]] std::optional<PickSource> pickSource(const QString &column) const;
     /// No key and no button takes rows away; for lists that ask first.
     void setDeletable(bool on) { m_deletable = on; }
     [[nodiscard]] GridPicture picture(const QString &title) const;
@@ -52,6 +58,7 @@ private:
 
     FormContext m_context;
     QString m_name, m_table;
+    QHash<QString, PickSource> m_sources;
     RecordRows *m_rows;
     bool m_deletable = true;
 };

@@ -5,7 +5,9 @@
 #include "app/tf_mainform.h"
 #include "retail/forms/tf_posxs.h"
 #include "screens/counter_scenes.h"
+#include "screens/member_scenes.h"
 #include "screens/money_scenes.h"
+#include "screens/points_scenes.h"
 #include "stock/forms/stock_panel.h"
 #include "stock/forms/tf_kccx.h"
 #include "support/windows.h"
@@ -245,6 +247,8 @@ void takeForm(FormRegistry &registry, Photographer &photographer, const QString 
         takeStock(*stock, photographer, name);
     takeMoney(*form, photographer, name);
     takeCounterReports(*form, photographer, name);
+    takeMembers(*form, photographer);
+    takePoints(*form, photographer, name);
     form->done(0);
 }
 

@@ -23,9 +23,9 @@ TF_Spxxgl::TF_Spxxgl(const FormContext &context, QWidget *parent)
               QKeySequence(QStringLiteral("Ctrl+Ins")), [this] { btnCopyClick(); });
     addAction(QStringLiteral("btnBulk"), QStringLiteral("批量修改"),
               QKeySequence(QStringLiteral("Ctrl+M")), [this] { btnBulkClick(); });
-    addLink(u"btnQcjz", QStringLiteral("期初建账"), QStringLiteral("TF_Spqcjz"));
-    addLink(u"btnTmdy", QStringLiteral("条码打印"), QStringLiteral("TF_Tmdy"));
-    addLink(u"btnSptj", QStringLiteral("调价"), QStringLiteral("TF_Sptj"));
+    addLink(u"btnQcjz", QStringLiteral("期初建账"), {}, QStringLiteral("TF_Spqcjz"));
+    addLink(u"btnTmdy", QStringLiteral("条码打印"), {}, QStringLiteral("TF_Tmdy"));
+    addLink(u"btnSptj", QStringLiteral("调价"), {}, QStringLiteral("TF_Sptj"));
     m_inStock = addSwitch(u"chkInStock", QStringLiteral("有库存(&K)"));
     m_restricted = addSwitch(u"chkRestricted", QStringLiteral("处方药(&C)"));
     addListActions();
@@ -33,16 +33,6 @@ TF_Spxxgl::TF_Spxxgl(const FormContext &context, QWidget *parent)
     searchBox().setPlaceholderText(QStringLiteral("查找 F3：名称、简码、条码、成分"));
     searchBox().setToolTip(QStringLiteral("编号、名称、简码、条码、成分、厂商"));
     connect(m_classes, &ClassTree::chosen, this, &TF_Spxxgl::refresh);
-}
-
-/// A form that may not be there yet.
-void TF_Spxxgl::addLink(const char16_t *name, const QString &caption, const QString &form) {
-    QAction *action = addAction(QString::fromUtf16(name), caption, {},
-                                [this, form] { context().stage.openForm(form, {}); });
-    if (context().stage.isKnown(form))
-        return;
-    action->setEnabled(false);
-    action->setToolTip(QStringLiteral("尚未提供"));
 }
 
 QCheckBox *TF_Spxxgl::addSwitch(const char16_t *name, const QString &caption) {

@@ -25,7 +25,6 @@ protected:
     void deleted(const QString &code) override;
 
 private:
-    void addLink(const char16_t *name, const QString &caption, const QString &form);
     QCheckBox *addSwitch(const char16_t *name, const QString &caption);
 
     ClassTree *m_classes;

@@ -6,69 +6,13 @@
 #include "core/session.h"
 #include "ui/formats.h"
 #include "ui/number_field.h"
+#include "ui/small_dialog.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QPushButton>
 
 namespace jxc {
 
 namespace {
-
-/// A dialog of a few fields, Enter OK and Esc Cancel.
-class SmallDialog : public QDialog {
-public:
-    SmallDialog(const QString &title, const QString &note, QWidget *parent)
-        : QDialog(parent)
-        , m_form(new QFormLayout(this)) {
-        setWindowTitle(title);
-        setMinimumWidth(380);
-        m_form->setContentsMargins(20, 20, 20, 16);
-        m_form->setSpacing(12);
-        auto *words = new QLabel(note, this);
-        words->setWordWrap(true);
-        m_form->addRow(words);
-    }
-
-    void addRow(const QString &caption, QWidget *field) { m_form->addRow(caption, field); }
-
-    /// Runs `check` at OK and closes when it is content.
-    void addButtons(bool mayLeave, std::function<bool()> check) {
-        auto *buttons = new QDialogButtonBox(this);
-        auto *ok = buttons->addButton(QStringLiteral("确定 Enter"), QDialogButtonBox::AcceptRole);
-        ok->setDefault(true);
-        m_form->addRow(buttons);
-        connect(buttons, &QDialogButtonBox::accepted, this, [this, check = std::move(check)] {
-            if (check())
-                accept();
-        });
-        m_mayLeave = mayLeave;
-        if (!mayLeave)
-            return;
-        buttons->addButton(QStringLiteral("取消 Esc"), QDialogButtonBox::RejectRole)
-            ->setAutoDefault(false);
-        connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    }
-
-    void reject() override {
-        if (m_mayLeave)
-            QDialog::reject();
-    }
-
-private:
-    QFormLayout *m_form;
-    bool m_mayLeave = true;
-};
-
-QLineEdit *passwordField(QWidget *parent) {
-    auto *field = new QLineEdit(parent);
-    field->setEchoMode(QLineEdit::Password);
-    field->setObjectName(QStringLiteral("password"));
-    return field;
-}
 
 /// Passwords are compared as the login does, in a session that is forgotten again.
 bool isPassword(const FormContext &context, const QString &name, const QString &password) {
@@ -119,9 +63,8 @@ QString askSecondOperator(const FormContext &context, const QString &what, int r
         if (name != context.session.currentOperatorName &&
             userHasRight(context.session, name, u"xsgl", right))
             who->addItem(name);
-    auto *password = passwordField(&dialog);
     dialog.addRow(QStringLiteral("操作员"), who);
-    dialog.addRow(QStringLiteral("密码"), password);
+    QLineEdit *password = dialog.addPassword(QStringLiteral("密码"));
     dialog.addButtons(true, [&] {
         if (!who->currentText().isEmpty() &&
             isPassword(context, who->currentText(), password->text()))
@@ -147,8 +90,7 @@ void lockCounter(const FormContext &context, QWidget *parent) {
         parent);
     dialog.setObjectName(QStringLiteral("locked"));
     dialog.setWindowFlag(Qt::WindowCloseButtonHint, false);
-    auto *password = passwordField(&dialog);
-    dialog.addRow(QStringLiteral("密码"), password);
+    QLineEdit *password = dialog.addPassword(QStringLiteral("密码"));
     dialog.addButtons(false, [&] {
         if (isPassword(context, context.session.currentOperatorName, password->text()))
             return true;

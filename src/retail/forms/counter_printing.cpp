@@ -71,6 +71,18 @@ void CounterPrinting::printShift(qint64 id, bool again) {
     });
 }
 
+void CounterPrinting::printRecharge(const QString &number, bool again) {
+    printWith([&](const PrintSettings &settings) {
+        const RechargePaper paper = readRechargePaper(m_context.session, number);
+        if (settings.usesEscPos)
+            m_sender(printerOf(settings),
+                     escPosRecharge(settings, paper, again).repeated(settings.copies));
+        else
+            tellFault(printRechargeByTemplate(m_context, settings, paper, printerOf(settings),
+                                              again, m_window));
+    });
+}
+
 void CounterPrinting::tellFault(const QString &text) {
     if (!text.isEmpty())
         Q_EMIT failed(text);

@@ -19,6 +19,8 @@ public:
     void print(const QString &number, bool again);
     /// Prints the slip of a change of shift by its id.
     void printShift(qint64 id, bool again);
+    /// Prints a recharge of a member's card (XF…) likewise.
+    void printRecharge(const QString &number, bool again);
     /// After paying: prints, if the shop wants it, and opens the drawer.
     void printAfterPaying(const QString &number);
     void openDrawer();

@@ -2,9 +2,9 @@
 
 #include "core/login.h"
 #include "core/session.h"
-#include "retail/forms/member_source.h"
 #include "retail/forms/tf_posxs_tjmx.h"
 #include "retail/till_cash.h"
+#include "ui/member_source.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
 

@@ -3,8 +3,10 @@
 #include "core/prompter.h"
 #include "core/session.h"
 #include "retail/counter_goods.h"
+#include "retail/forms/counter_choices.h"
 #include "retail/member.h"
 #include "ui/formats.h"
+#include "ui/grid_msg.h"
 #include "ui/number_field.h"
 
 #include <QComboBox>
@@ -24,6 +26,7 @@ enum LineColumn {
     nameAt,
     specificationAt,
     unitAt,
+    batchAt,
     soldAt,
     leftAt,
     quantityAt,
@@ -33,6 +36,10 @@ enum LineColumn {
 };
 
 enum Way { inCash, byCard, byWeChat, byAliPay, ontoMemberCard, onAccount };
+
+Batch batchOf(const Row &row) {
+    return {row.text(u"t_ph"), row.text(u"t_yxq"), row.text(u"t_scrq")};
+}
 
 } // namespace
 
@@ -57,10 +64,10 @@ void TF_Posth::build() {
     column->addWidget(m_source);
     m_table = new QTableWidget(0, columnCount, this);
     m_table->setObjectName(QStringLiteral("lines"));
-    m_table->setHorizontalHeaderLabels({QStringLiteral("商品名称"), QStringLiteral("规格"),
-                                        QStringLiteral("单位"), QStringLiteral("已售"),
-                                        QStringLiteral("可退"), QStringLiteral("退货数量"),
-                                        QStringLiteral("单价"), QStringLiteral("退款金额")});
+    m_table->setHorizontalHeaderLabels(
+        {QStringLiteral("商品名称"), QStringLiteral("规格"), QStringLiteral("单位"),
+         QStringLiteral("批号"), QStringLiteral("已售"), QStringLiteral("可退"),
+         QStringLiteral("退货数量"), QStringLiteral("单价"), QStringLiteral("退款金额")});
     m_table->horizontalHeader()->setSectionResizeMode(nameAt, QHeaderView::Stretch);
     m_table->verticalHeader()->hide();
     m_table->setEditTriggers(QAbstractItemView::AllEditTriggers);
@@ -88,6 +95,7 @@ void TF_Posth::build() {
             connect(new QShortcut(key, this), &QShortcut::activated, this, run);
         row->addWidget(made);
     };
+    button(QStringLiteral("批号 F4"), Qt::Key_F4, [this] { btnBatchClick(); });
     button(QStringLiteral("全部退货 F8"), Qt::Key_F8, [this] { btnAllClick(); });
     button(QStringLiteral("确定退货 F5"), Qt::Key_F5, [this] { btnOKClick(); });
     button(QStringLiteral("返回 Esc"), Qt::Key_Escape, [this] { reject(); });
@@ -149,16 +157,41 @@ bool TF_Posth::takeReceipt(const QString &typed) {
 void TF_Posth::takeGoods(const QString &typed) {
     if (!m_return.receipt.isEmpty())
         clearLines(); // goods without a receipt begin another return
-    const CounterFind found = findForCounter(context().goods, m_settings, typed);
-    if (found.hits.size() != 1) {
-        prompter().inform(found.hits.empty()
-                              ? QStringLiteral("没有找到商品“%1”！").arg(typed)
-                              : QStringLiteral("有多个商品符合“%1”，请输入条码或编号！").arg(typed),
-                          informCaption);
+    CounterFind found = findForCounter(context().goods, m_settings, typed);
+    if (found.hits.empty()) {
+        prompter().inform(QStringLiteral("没有找到商品“%1”！").arg(typed), informCaption);
         return;
     }
-    m_return.lines.push_back(
-        {.line = counterLine(session(), m_settings, found, found.hits.front(), {})});
+    if (found.hits.size() > 1 && !chooseGoods(context(), found, this))
+        return;
+    ReturnLine line{.line = counterLine(session(), m_settings, found, found.hits.front(), {})};
+    const Rows batches = batchesToReturnTo(session(), line.line.goods, m_return.warehouse);
+    if (batches.size() == 1)
+        line.batch = batchOf(batches.front());
+    m_return.lines.push_back(std::move(line));
+}
+
+/// Goods without a receipt go back to the batch that stands on the packing.
+void TF_Posth::btnBatchClick() {
+    const int row = std::max(0, m_table->currentRow());
+    if (!m_return.receipt.isEmpty() || row >= m_table->rowCount())
+        return;
+    ReturnLine &l = m_return.lines[static_cast<size_t>(row)];
+    Rows batches = batchesToReturnTo(session(), l.line.goods, m_return.warehouse);
+    if (batches.empty()) {
+        prompter().inform(QStringLiteral("商品“%1”没有批号！").arg(l.line.name), informCaption);
+        return;
+    }
+    TF_GridMsg choice(context(), QStringLiteral("TF_Posth_Ph"), QStringLiteral("选择批号"),
+                      {text(u"t_ph", u"批号", 140), text(u"t_scrq", u"生产日期", 110),
+                       text(u"t_yxq", u"有效期至", 110),
+                       column(u"t_sl", u"库存", ValueKind::quantity, 90)},
+                      std::move(batches), this);
+    if (choice.choose()) {
+        l.batch = batchOf(*choice.chosen().front());
+        refresh();
+        m_table->setCurrentCell(row, quantityAt);
+    }
 }
 
 void TF_Posth::refresh() {
@@ -179,6 +212,7 @@ void TF_Posth::refresh() {
         put(nameAt, l.line.name, false);
         put(specificationAt, l.line.specification, false);
         put(unitAt, l.line.unit, false);
+        put(batchAt, l.batch.number, false);
         put(soldAt, isOfReceipt ? formats.text(ValueKind::quantity, l.sold) : QString(), true);
         put(leftAt, isOfReceipt ? formats.text(ValueKind::quantity, l.returnable()) : QString(),
             true);

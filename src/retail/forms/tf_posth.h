@@ -25,6 +25,8 @@ public:
 
     /// Enter in the input line: a receipt's number, or goods.
     void enterInput();
+    /// F4: the batch of goods without a receipt.
+    void btnBatchClick();
     /// F8: everything that is left of the receipt comes back.
     void btnAllClick();
     /// F5: posts and closes.

@@ -1,16 +1,18 @@
 #include "retail/forms/tf_sms.h"
 
 #include "core/session.h"
+#include "retail/forms/member_filter_bar.h"
 #include "retail/forms/tf_sms_cs.h"
 #include "retail/sms_book.h"
 #include "retail/sms_send.h"
 #include "retail/sms_settings.h"
 #include "retail/sms_text.h"
 #include "ui/grid.h"
+#include "ui/kept_ticks.h"
 #include "ui/list_page.h"
 #include "ui/search_box.h"
 
-#include <QComboBox>
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -80,29 +82,29 @@ TF_Sms::TF_Sms(const FormContext &context, QWidget *parent)
 }
 
 QWidget *TF_Sms::makeSendPage() {
-    m_level = new QComboBox;
-    m_level->setObjectName(QStringLiteral("hl_sn"));
-    m_level->setMinimumWidth(120);
+    m_conditions = new MemberFilterBar(*this);
+    m_onlyTicked = new QCheckBox(QStringLiteral("只看选中(&X)"));
+    m_onlyTicked->setObjectName(QStringLiteral("onlyTicked"));
+    m_onlyTicked->setFocusPolicy(Qt::NoFocus);
     m_members =
         new ListPage(*this, QStringLiteral("TF_Sms"), QStringLiteral("会员"), memberColumns(),
-                     [this](const QString &search) {
-                         return smsMembers(session(), search, m_level->currentData().toString());
-                     });
+                     [this](const QString &search) { return readMembers(search); });
     m_members->searchBox().setPlaceholderText(QStringLiteral("查找 F3：卡号、姓名、电话"));
+    m_ticks = new KeptTicks(m_members->grid(), QStringLiteral("hy_sn"));
     m_members->addAction(QStringLiteral("btnAll"), QStringLiteral("全选"), Qt::Key_F7,
                          [this] { m_members->grid().model().tickAll(true); });
-    m_members->addAction(QStringLiteral("btnNone"), QStringLiteral("全不选"), Qt::Key_F8, [this] {
-        m_ticked.clear();
-        m_members->grid().model().tickAll(false);
-    });
-    m_members->addFilter(new QLabel(QStringLiteral("会员级别")));
-    m_members->addFilter(m_level);
-    Grid &grid = m_members->grid();
-    grid.model().setTickable(true);
-    connect(m_level, &QComboBox::currentIndexChanged, m_members, &ListPage::refresh);
-    connect(&grid, &Grid::currentChanged, this, &TF_Sms::showText);
-    connect(&grid.model(), &RowsModel::ticksChanged, this, &TF_Sms::takeTicks);
-    connect(m_members, &ListPage::refreshed, this, &TF_Sms::restoreTicks);
+    m_members->addAction(QStringLiteral("btnNone"), QStringLiteral("全不选"), Qt::Key_F8,
+                         [this] { m_ticks->clear(); });
+    m_members->addAction(QStringLiteral("btnGjcx"), QStringLiteral("高级查询"), Qt::Key_F10,
+                         [this] { m_conditions->choose(); });
+    m_members->addAction(QStringLiteral("btnClear"), QStringLiteral("清除条件"), Qt::Key_F11,
+                         [this] { m_conditions->clear(); });
+    m_members->addFilter(m_onlyTicked);
+    m_members->addFilter(m_conditions);
+    connect(m_onlyTicked, &QCheckBox::toggled, m_members, &ListPage::refresh);
+    connect(m_conditions, &MemberFilterBar::changed, m_members, &ListPage::refresh);
+    connect(&m_members->grid(), &Grid::currentChanged, this, &TF_Sms::showText);
+    connect(m_ticks, &KeptTicks::changed, this, &TF_Sms::showText);
 
     auto *page = new QWidget;
     auto *row = new QHBoxLayout(page);
@@ -180,7 +182,6 @@ QWidget *TF_Sms::makeSentPage() {
 }
 
 void TF_Sms::FormActivate() {
-    fillLevels();
     m_members->refresh();
     m_sent->refresh();
     m_pages->setCurrentIndex(0);
@@ -188,37 +189,18 @@ void TF_Sms::FormActivate() {
     showText();
 }
 
-void TF_Sms::fillLevels() {
-    const QSignalBlocker quiet(m_level);
-    const QString chosen = m_level->currentData().toString();
-    m_level->clear();
-    m_level->addItem(QStringLiteral("全部"), QString());
-    for (const Row &row :
-         db().rows(QStringLiteral("select hl_sn,hl_name from jxc_hyfl order by id")))
-        m_level->addItem(row.text(u"hl_name"), row.text(u"hl_sn"));
-    m_level->setCurrentIndex(qMax(0, m_level->findData(chosen)));
+void TF_Sms::setMembers(const QStringList &members) {
+    m_conditions->clear();
+    m_ticks->set(members);
+    m_onlyTicked->setChecked(true);
+    m_members->refresh();
 }
 
-void TF_Sms::takeTicks() {
-    const RowsModel &model = m_members->grid().model();
-    for (int line = 0; line < model.rowCount(); ++line) {
-        const QString member = model.at(line).text(u"hy_sn");
-        if (model.isTicked(line))
-            m_ticked.insert(member);
-        else
-            m_ticked.remove(member);
-    }
-    showText();
-}
-
-/// One searches for a member, ticks it, searches for the next.
-void TF_Sms::restoreTicks() {
-    RowsModel &model = m_members->grid().model();
-    const QSignalBlocker quiet(model); // the view paints anew after a search anyway
-    for (int line = 0; line < model.rowCount(); ++line)
-        if (m_ticked.contains(model.at(line).text(u"hy_sn")))
-            model.tick(line, true);
-    showText();
+Rows TF_Sms::readMembers(const QString &search) const {
+    Rows rows = listMembers(session(), m_conditions->filter(search), true);
+    if (m_onlyTicked->isChecked())
+        std::erase_if(rows, [&](const Row &row) { return !m_ticks->contains(row.text(u"hy_sn")); });
+    return rows;
 }
 
 /// How long the message gets, and how the current member will read it.
@@ -228,12 +210,12 @@ void TF_Sms::showText() {
         shown = withSmsSign(fillSmsTemplate(shown, smsPlaceholders(*member)),
                             loadSmsSettings(db()).sign);
     m_count->setText(
-        QStringLiteral("%1 字，选中 %2 个会员").arg(shown.size()).arg(m_ticked.size()));
+        QStringLiteral("%1 字，选中 %2 个会员").arg(shown.size()).arg(m_ticks->count()));
     m_preview->setText(shown);
 }
 
 QStringList TF_Sms::chosenMembers() const {
-    QStringList members(m_ticked.begin(), m_ticked.end());
+    QStringList members = m_ticks->keys();
     if (members.isEmpty() && m_members->grid().current() != nullptr)
         members << m_members->grid().current()->text(u"hy_sn");
     return members;
@@ -254,8 +236,8 @@ void TF_Sms::btnOKClick() {
             recordSmsBatch(session(), prompter(), m_text->toPlainText(), chosenMembers(), &batch)))
         return;
     m_withoutMobile = batch.withoutMobile;
-    m_ticked.clear(); // so that a second F5 does not send to all of them again
-    m_members->grid().model().tickAll(false);
+    m_ticks->clear(); // so that a second F5 does not send to all of them again
+    m_onlyTicked->setChecked(false);
     setBusy(true);
     m_sender->sendWaiting(batch.ids);
 }

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "db/row.h"
 #include "ui/form.h"
 
-#include <QSet>
-
-class QComboBox;
+class QCheckBox;
 class QLabel;
 class QPlainTextEdit;
 class QProgressBar;
@@ -13,7 +12,9 @@ class QTabWidget;
 
 namespace jxc {
 
+class KeptTicks;
 class ListPage;
+class MemberFilterBar;
 class PeriodBar;
 class TF_Sms_Send;
 struct SmsBatch;
@@ -25,6 +26,8 @@ class TF_Sms : public Form {
 public:
     explicit TF_Sms(const FormContext &context, QWidget *parent = nullptr);
 
+    /// Ticks these members (hy_sn), and shows only them.
+    void setMembers(const QStringList &members);
     void FormActivate() override;
     bool mayLeave() override;
     [[nodiscard]] TF_Sms_Send &sender() { return *m_sender; }
@@ -45,9 +48,7 @@ private:
     QWidget *makeSendPage();
     QWidget *makeTextPanel();
     QWidget *makeSentPage();
-    void fillLevels();
-    void takeTicks();
-    void restoreTicks();
+    [[nodiscard]] Rows readMembers(const QString &search) const;
     void showText();
     void setBusy(bool isBusy);
     void tell(const SmsReport &report);
@@ -57,12 +58,13 @@ private:
     QTabWidget *m_pages;
     ListPage *m_members, *m_sent;
     PeriodBar *m_period = nullptr;
-    QComboBox *m_level;
+    MemberFilterBar *m_conditions;
+    KeptTicks *m_ticks = nullptr;
+    QCheckBox *m_onlyTicked;
     QPlainTextEdit *m_text;
     QLabel *m_count, *m_preview, *m_state;
     QProgressBar *m_progress;
     QPushButton *m_ok, *m_stop;
-    QSet<QString> m_ticked;  ///< hy_sn; also of members that a search hides
     int m_withoutMobile = 0; ///< of the batch that is being sent
 };
 

@@ -1,4 +1,4 @@
-#include "retail/forms/member_source.h"
+#include "ui/member_source.h"
 
 #include "retail/member_search.h"
 #include "ui/master_picks.h"
