@@ -192,6 +192,8 @@ EndedShift readShift(const Session &session, qint64 id) {
         shift.figures.*figure = row->decimal(column);
     for (const auto &[column, figure] : rechargeColumns)
         shift.figures.recharged.*figure = row->decimal(column);
+    const TillFigures &f = shift.figures;
+    shift.figures.tendered = f.cash + f.storedValue + f.bankCard + f.voucher + f.weChat + f.aliPay;
     shift.figures.due = row->decimal(u"jb_xsje") - shift.figures.returned;
     shift.received = row->decimal(u"jb_yjje") - shift.figures.cashDue();
     ended.handover = {row->decimal(u"jb_sjje"), row->decimal(u"jb_xfje"), row->text(u"jb_nextuser"),

@@ -100,6 +100,8 @@ QAction *ActionBar::add(const QString &name, const QString &caption, const QKeyS
 }
 
 void ActionBar::addSeparator() {
+    if (m_layout->count() - 1 - m_right == 0)
+        return; // there is nothing to part
     auto *line = new QFrame(this);
     line->setFrameShape(QFrame::VLine);
     line->setFixedHeight(20);

@@ -13,8 +13,8 @@ namespace jxc {
 
 namespace {
 
-ColumnSpec amount(const char16_t *field, const char16_t *caption) {
-    return summed(column(field, caption, ValueKind::amount, 88));
+ColumnSpec amount(const char16_t *field, const char16_t *caption, int width = 88) {
+    return summed(column(field, caption, ValueKind::amount, width));
 }
 
 } // namespace
@@ -26,7 +26,7 @@ TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
     searchBox().setPlaceholderText(QStringLiteral("查找 F3：单号、会员"));
     setColumns({text(u"pos_xsrq", u"销售时间", 160), text(u"gl_djh", u"单号", 136),
                 text(u"hy_bh", u"会员编号", 80), text(u"hy_name", u"会员", 80),
-                amount(u"pos_yfje", u"应付金额"), amount(u"pos_sfje", u"实付金额"),
+                amount(u"pos_yfje", u"应付金额", 96), amount(u"pos_sfje", u"实付金额", 96),
                 amount(u"pos_zlje", u"找零金额"), amount(u"pos_xj", u"现金"),
                 amount(u"pos_czk", u"储值卡"), amount(u"pos_yhk", u"银行卡"),
                 amount(u"pos_djq", u"代金券"), amount(u"pos_wxje", u"微信"),

@@ -17,8 +17,8 @@ namespace jxc {
 
 namespace {
 
-ColumnSpec amount(const char16_t *field, const char16_t *caption) {
-    return summed(column(field, caption, ValueKind::amount, 88));
+ColumnSpec amount(const char16_t *field, const char16_t *caption, int width = 88) {
+    return summed(column(field, caption, ValueKind::amount, width));
 }
 
 } // namespace
@@ -66,8 +66,8 @@ void TF_Posxs_Rjmx::makeReceipts() {
     m_receipts = new ListPage(
         *this, QStringLiteral("TF_Posxs_Rjmx_Xp"), QStringLiteral("日结小票 ") + m_number,
         {text(u"pos_xsrq", u"销售时间", 152), text(u"gl_djh", u"单号", 136),
-         text(u"hy_name", u"会员", 80), amount(u"pos_yfje", u"应付金额"),
-         amount(u"pos_sfje", u"实付金额"), amount(u"pos_zlje", u"找零金额"),
+         text(u"hy_name", u"会员", 80), amount(u"pos_yfje", u"应付金额", 104),
+         amount(u"pos_sfje", u"实付金额", 104), amount(u"pos_zlje", u"找零金额"),
          amount(u"pos_xj", u"现金"), amount(u"pos_czk", u"储值卡"), amount(u"pos_yhk", u"银行卡"),
          amount(u"pos_djq", u"代金券"), amount(u"pos_wxje", u"微信"),
          amount(u"pos_zfbje", u"支付宝"), text(u"a_name", u"收银员", 80)},

@@ -62,7 +62,6 @@ QString TF_Posxs_Sytj::nameOf(const Row &row) const {
 void TF_Posxs_Sytj::btnShiftsClick() {
     auto *shifts = new TF_Posxs_Jbgl(context(), this);
     shifts->setAttribute(Qt::WA_DeleteOnClose);
-    shifts->periodBar().setPeriod(periodBar().period());
     shifts->showModal();
 }
 
