@@ -3,7 +3,7 @@
 #include "core/session.h"
 #include "db/database.h"
 #include "retail/document_tenders.h"
-#include "retail/member_card.h"
+#include "retail/member.h"
 #include "retail/member_sale.h"
 #include "retail/receipt_copy.h"
 #include "stock/document.h"
@@ -47,18 +47,8 @@ void moveDocumentTenders(Session &session, const Document &d) {
 class DocumentPosting : public DocumentMembers {
 public:
     void check(const Session &session, const Document &d) const override {
-        const Member member = loadMember(session.db(), memberOf(d));
-        const DocumentTenders t = tendersOf(d);
-        for (const Decimal &amount : {t.other.bankCard, t.other.storedValue, t.other.voucher})
-            if (amount.isNegative())
-                throw Refusal(QStringLiteral("付款金额不能小于零！"));
-        if (t.rest().isNegative() && !t.other.sum().isZero())
-            throw Refusal(QStringLiteral("储值卡、银行卡和代金券的金额之和不能大于实付金额！"));
-        if (t.other.storedValue.isZero() || isReturn(d))
-            return;
-        memberUsable(session, member);
-        if (t.other.storedValue > member.value)
-            throw Refusal(QStringLiteral("储值卡余额不足！"));
+        checkDocumentTenders(session, loadMember(session.db(), memberOf(d)), tendersOf(d),
+                             isReturn(d));
     }
 
     void approved(Session &session, const Document &d) const override {

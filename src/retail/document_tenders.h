@@ -5,6 +5,8 @@
 namespace jxc {
 
 struct Document;
+struct Member;
+class Session;
 
 /// How a sale was paid, or a return paid back: all positive, as the document has them.
 struct DocumentTenders {
@@ -17,5 +19,10 @@ struct DocumentTenders {
 };
 
 [[nodiscard]] DocumentTenders tendersOf(const Document &document);
+
+/// Holds them against the rules and, of a sale, against what the member has on his card. Throws
+/// Refusal.
+void checkDocumentTenders(const Session &session, const Member &member,
+                          const DocumentTenders &tenders, bool isReturn);
 
 } // namespace jxc

@@ -52,6 +52,7 @@ DocumentEditor::DocumentEditor(const FormContext &context, const DocumentFormSpe
     , m_keeping(new QTimer(this)) {
     build();
     addActions();
+    addMemberKey();
 }
 
 DocumentEditor::~DocumentEditor() = default;
@@ -88,6 +89,7 @@ void DocumentEditor::build() {
     connect(m_keeping, &QTimer::timeout, this, [this] { m_file.keep(draft()); });
     connect(m_header, &HeaderPanel::edited, this, &DocumentEditor::markChanged);
     connect(m_header, &HeaderPanel::settingChanged, this, &DocumentEditor::applySetting);
+    connect(m_header, &HeaderPanel::memberChanged, this, &DocumentEditor::memberChanged);
     connect(m_header, &HeaderPanel::finished, this, [this] {
         if (lines().blankRow() >= 0)
             m_table->startNextLine();
@@ -99,6 +101,7 @@ void DocumentEditor::build() {
     connect(&lines(), &DocumentLines::edited, this, [this] {
         markChanged();
         showTotals();
+        lockMember();
     });
     connect(m_table, &LineTable::goodsPicked, this, &DocumentEditor::goodsPicked);
     connect(m_table, &LineTable::goodsNotFound, this, [this] {
@@ -208,6 +211,7 @@ void DocumentEditor::open(const Draft &draft) {
     if (m_settlement != nullptr)
         m_settlement->fill(draft);
     showTotals();
+    lockMember();
     setWindowTitle(m_spec.title() + (draft.approved ? QStringLiteral("（已审核）")
                                      : m_readOnly ? QStringLiteral("（未审核，只能查看）")
                                                   : QString()));
@@ -386,6 +390,8 @@ void DocumentEditor::offerSplit(int row) {
 bool DocumentEditor::store(bool approve) {
     m_table->commitEditor();
     Draft typed = draft();
+    if (!memberPays(typed))
+        return false;
     Outcome saved;
     if (approve) {
         const SavedAndApproved both = saveAndApproveDraft(session(), prompter(), typed);

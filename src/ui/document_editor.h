@@ -61,6 +61,7 @@ public Q_SLOTS:
     void btnGiftClick();
     void btnBuyerClick();
     void btnCostClick();
+    void btnMemberClick();
 
 Q_SIGNALS:
     /// A document was stored, or approved.
@@ -86,6 +87,12 @@ private:
     void afterApproval();
     void showRefusal(const struct Outcome &outcome);
     bool restartIfKept();
+    void addMemberKey();
+    void memberChanged();
+    /// What comes back of a sale comes back from the sale's member.
+    void lockMember();
+    /// Whether what the member pays is right, and the member has agreed to what leaves the card.
+    bool memberPays(const Draft &typed);
     [[nodiscard]] DocumentLines &lines() const;
 
     const DocumentFormSpec &m_spec;
@@ -98,6 +105,7 @@ private:
     QTimer *m_keeping;
     Draft m_base; ///< what the window does not show goes through unchanged
     std::optional<Decimal> m_newTotal;
+    QString m_agreed; ///< the member whose password was typed right
     bool m_changed = false;
     bool m_filling = false;
     bool m_readOnly = false; ///< approved, or opened from a list that only looks

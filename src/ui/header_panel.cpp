@@ -3,10 +3,12 @@
 #include "core/prompter.h"
 #include "core/session.h"
 #include "db/database.h"
-#include "db/schema.h"
 #include "ui/date_field.h"
 #include "ui/formats.h"
+#include "ui/header_fields.h"
 #include "ui/layout_store.h"
+#include "ui/member_label.h"
+#include "ui/member_source.h"
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
@@ -24,58 +26,6 @@ namespace jxc {
 namespace {
 
 constexpr int pairsPerLine = 4;
-
-QString captionOf(HeaderField field, const DocumentFormSpec &spec) {
-    switch (field) {
-    case HeaderField::date:
-        return QStringLiteral("开单日期");
-    case HeaderField::partner:
-        return spec.partnerWord;
-    case HeaderField::warehouse:
-        return QStringLiteral("仓库");
-    case HeaderField::clerk:
-        return QStringLiteral("经手人");
-    case HeaderField::supplierNumber:
-        return QStringLiteral("原始单号");
-    case HeaderField::invoiceNo:
-        return QStringLiteral("发票号码");
-    case HeaderField::invoiced:
-        return QStringLiteral("发票金额");
-    case HeaderField::freight:
-        return QStringLiteral("运费");
-    case HeaderField::packing:
-        return QStringLiteral("包装费");
-    case HeaderField::freightTerms:
-        return QStringLiteral("运费方式");
-    case HeaderField::member:
-        return QStringLiteral("会员");
-    case HeaderField::reminder:
-        return QStringLiteral("提醒日期");
-    case HeaderField::contract:
-        return QStringLiteral("合同");
-    case HeaderField::note:
-        return QStringLiteral("备注");
-    }
-    return {};
-}
-
-/// What fits into the column behind a text field.
-int lengthOf(HeaderField field, const DocumentFormSpec &spec) {
-    QString name = spec.kind->noteColumn;
-    if (field == HeaderField::supplierNumber)
-        name = QStringLiteral("j_sn2");
-    else if (field == HeaderField::invoiceNo)
-        name = spec.kind->prefix + QStringLiteral("_fpno");
-    else if (field != HeaderField::note)
-        return 20;
-    const Column *stored = column(spec.kind->headerTable, name);
-    return stored != nullptr && stored->length > 0 ? stored->length : 200;
-}
-
-/// Fields of work that is still to come stand there disabled.
-bool isForLater(HeaderField field) {
-    return field == HeaderField::member || field == HeaderField::contract;
-}
 
 } // namespace
 
@@ -122,6 +72,8 @@ QWidget *HeaderPanel::make(HeaderField field) {
         connect(warehouse, &PickField::chosen, this, &HeaderPanel::settingChanged);
         return warehouse;
     }
+    case HeaderField::member:
+        return makeMember();
     case HeaderField::clerk:
         return new PickField(
             employeeSource(m_context, m_spec.isSale() ? EmployeeDuty::sale : EmployeeDuty::purchase,
@@ -144,6 +96,24 @@ QWidget *HeaderPanel::make(HeaderField field) {
         return line;
     }
     }
+}
+
+QWidget *HeaderPanel::makeMember() {
+    auto *member =
+        new PickField(memberSource(m_context), Formats(m_context.session.parameters), this);
+    member->setClearable(true);
+    member->setPlaceholderText(QStringLiteral("Ctrl+M 卡号、手机、姓名"));
+    m_memberLabel = new MemberLabel(m_context, this);
+    const auto changed = [this] {
+        m_memberLabel->showMember(this->member());
+        Q_EMIT memberChanged();
+        Q_EMIT edited();
+    };
+    connect(member, &PickField::chosen, this, changed);
+    connect(member, &PickField::cleared, this, changed);
+    connect(member, &PickField::notFound, this,
+            [this] { m_context.prompter.inform(QStringLiteral("会员不存在！"), informCaption); });
+    return member;
 }
 
 void HeaderPanel::build() {
@@ -177,12 +147,17 @@ void HeaderPanel::build() {
             connect(line, &QLineEdit::textEdited, this, &HeaderPanel::edited);
         if (auto *box = qobject_cast<QComboBox *>(widget))
             connect(box, &QComboBox::activated, this, &HeaderPanel::edited);
-        if (auto *choice = qobject_cast<PickField *>(widget))
+        if (auto *choice = qobject_cast<PickField *>(widget);
+            choice != nullptr && field != HeaderField::member)
             connect(choice, &PickField::chosen, this, &HeaderPanel::edited);
         if (field == HeaderField::partner && m_spec.followsSource) {
             widget->setEnabled(false); // the source's
         }
-        place(captionOf(field, m_spec), widget, field == HeaderField::note ? 2 : 1);
+        // The note takes what its line has left, two places at most.
+        const int left = pairsPerLine - cell % pairsPerLine;
+        place(captionOf(field, m_spec), widget, field == HeaderField::note ? qMin(2, left) : 1);
+        if (field == HeaderField::member)
+            place(QStringLiteral("会员余额"), m_memberLabel, 1);
         if (field == HeaderField::partner) {
             if (m_spec.hasMoney)
                 place(m_spec.isSale() ? QStringLiteral("应收余额") : QStringLiteral("应付余额"),
@@ -201,6 +176,10 @@ PickField *HeaderPanel::pick(HeaderField field) const {
 
 QString HeaderPanel::partner() const {
     return pick(HeaderField::partner)->code();
+}
+
+QString HeaderPanel::member() const {
+    return m_memberLabel == nullptr ? QString() : pick(HeaderField::member)->code();
 }
 
 QString HeaderPanel::warehouse() const {
@@ -254,7 +233,7 @@ void HeaderPanel::fill(const Draft &draft) {
     if (auto *terms = qobject_cast<QComboBox *>(widget(HeaderField::freightTerms)))
         terms->setCurrentIndex(qMax(0, terms->findText(draft.freightTerms)));
     setText(HeaderField::reminder, draft.reminderDate);
-    setText(HeaderField::member, draft.member);
+    fillMember(draft.member);
     setText(HeaderField::contract, draft.contract);
     setText(HeaderField::note, draft.note);
     showBalance();
@@ -262,6 +241,19 @@ void HeaderPanel::fill(const Draft &draft) {
 
 void HeaderPanel::fillPartner(const QString &partner) {
     pick(HeaderField::partner)->setCode(partner);
+}
+
+void HeaderPanel::fillMember(const QString &member) {
+    if (m_memberLabel == nullptr)
+        return;
+    pick(HeaderField::member)->setCode(member);
+    m_memberLabel->showMember(member);
+    Q_EMIT memberChanged();
+}
+
+void HeaderPanel::lockMember(bool on) {
+    if (m_memberLabel != nullptr && !m_isReadOnly)
+        widget(HeaderField::member)->setEnabled(!on);
 }
 
 void HeaderPanel::fillWarehouse(const QString &warehouse) {
@@ -282,6 +274,8 @@ void HeaderPanel::collect(Draft &draft) const {
     draft.partner = partner();
     draft.warehouse = warehouse();
     draft.clerk = pick(HeaderField::clerk)->code();
+    if (m_memberLabel != nullptr)
+        draft.member = member();
     text(HeaderField::supplierNumber, draft.supplierNumber);
     text(HeaderField::invoiceNo, draft.invoiceNo);
     amount(HeaderField::invoiced, draft.invoiced);
@@ -295,6 +289,7 @@ void HeaderPanel::collect(Draft &draft) const {
 }
 
 void HeaderPanel::setReadOnly(bool on) {
+    m_isReadOnly = on;
     for (QWidget *field : std::as_const(m_widgets))
         field->setEnabled(!on && field->isEnabled());
 }

@@ -14,6 +14,7 @@ class QLineEdit;
 namespace jxc {
 
 class DateField;
+class MemberLabel;
 class NumberField;
 class PickField;
 
@@ -27,6 +28,10 @@ public:
     void collect(Draft &draft) const;
     void fillPartner(const QString &partner);
     void fillWarehouse(const QString &warehouse);
+    /// Nothing for kinds that name no member.
+    void fillMember(const QString &member);
+    /// The member is the one of the sale that comes back; nobody else can be named.
+    void lockMember(bool on);
     void setReadOnly(bool on);
     /// Where typing begins: the first field that has nothing yet.
     void start();
@@ -37,12 +42,14 @@ public:
 
     [[nodiscard]] QString partner() const;
     [[nodiscard]] QString warehouse() const;
+    [[nodiscard]] QString member() const;
     [[nodiscard]] QString date() const;
     /// What the partner owes or is owed now, beside him.
     void showBalance();
 
 Q_SIGNALS:
     void partnerChanged();
+    void memberChanged();
     void settingChanged(); ///< partner, warehouse or date: prices and stock follow
     void edited();
     void finished(); ///< Enter on the last field
@@ -57,6 +64,7 @@ private:
     void loadStops();
     void advance(const QWidget *from);
     QWidget *make(HeaderField field);
+    QWidget *makeMember();
     PickField *pick(HeaderField field) const;
     void openPhrases();
 
@@ -66,6 +74,8 @@ private:
     QStringList m_stops; ///< captions of the fields where Enter stops
     QLineEdit *m_number;
     QLabel *m_balance;
+    MemberLabel *m_memberLabel = nullptr; ///< of kinds that name a member
+    bool m_isReadOnly = false;
 };
 
 } // namespace jxc

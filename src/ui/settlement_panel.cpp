@@ -3,6 +3,7 @@
 #include "base/capitals.h"
 #include "core/session.h"
 #include "ui/formats.h"
+#include "ui/member_tenders.h"
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
@@ -41,9 +42,7 @@ SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormS
     m_rest->setCurrentIndex(m_rest->count() - 1);
     m_account->setObjectName(QStringLiteral("account"));
     m_account->setFixedWidth(140);
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(12, 8, 12, 8);
-    layout->setSpacing(8);
+    QHBoxLayout *layout = addMoneyLine();
     const auto label = [this](const QString &caption) {
         auto *l = new QLabel(caption, this);
         l->setProperty("quiet", true);
@@ -71,6 +70,33 @@ SettlementPanel::SettlementPanel(const FormContext &context, const DocumentFormS
     setDue({}, {});
 }
 
+/// The line of every document with money; below it the member's.
+QHBoxLayout *SettlementPanel::addMoneyLine() {
+    auto *lines = new QVBoxLayout(this);
+    lines->setContentsMargins(12, 8, 12, 8);
+    lines->setSpacing(8);
+    auto *money = new QHBoxLayout;
+    money->setSpacing(8);
+    lines->addLayout(money);
+    if (m_spec.isSale()) {
+        m_tenders = new MemberTenders(m_context, m_spec, this);
+        lines->addWidget(m_tenders);
+        connect(m_tenders, &MemberTenders::edited, this, &SettlementPanel::edited);
+        connect(m_tenders, &MemberTenders::finished, this, &SettlementPanel::finished);
+    }
+    return money;
+}
+
+void SettlementPanel::setMember(const QString &key) {
+    if (m_tenders != nullptr)
+        m_tenders->setMember(key);
+}
+
+void SettlementPanel::focusTenders() {
+    if (m_tenders != nullptr)
+        m_tenders->focusFirst();
+}
+
 void SettlementPanel::setDue(Decimal due, Decimal ofLines) {
     const Formats formats(m_context.session.parameters);
     m_dueNow = due;
@@ -92,6 +118,8 @@ void SettlementPanel::showRest() {
         short_ ? m_spec.restWord + u' ' +
                      Formats(m_context.session.parameters).text(ValueKind::amount, rest)
                : QString());
+    if (m_tenders != nullptr)
+        m_tenders->setPaid(m_paid->value());
     m_rest->setVisible(short_);
     m_restLabel->setVisible(short_);
 }
@@ -102,6 +130,8 @@ void SettlementPanel::fill(const Draft &draft) {
         m_paid->setValue(*draft.paid);
     m_rest->setCurrentIndex(qMax(0, m_rest->findData(draft.restForgiven)));
     m_account->setCode(draft.account);
+    if (m_tenders != nullptr)
+        m_tenders->fill(draft);
     showRest();
 }
 
@@ -111,12 +141,16 @@ void SettlementPanel::collect(Draft &draft) const {
         draft.paid = m_paid->value();
     draft.restForgiven = m_rest->currentData().toBool();
     draft.account = m_account->code();
+    if (m_tenders != nullptr)
+        draft.tenders = m_tenders->tenders();
 }
 
 void SettlementPanel::setReadOnly(bool on) {
     m_paid->setReadOnly(on);
     m_rest->setEnabled(!on);
     m_account->setEnabled(!on);
+    if (m_tenders != nullptr)
+        m_tenders->setReadOnly(on);
 }
 
 void SettlementPanel::focusPaid() {
@@ -133,7 +167,10 @@ bool SettlementPanel::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_account) {
         if (m_account->isTyped() && !m_account->commitTyped())
             return true;
-        Q_EMIT finished();
+        if (m_tenders != nullptr && !m_tenders->isHidden())
+            m_tenders->focusFirst();
+        else
+            Q_EMIT finished();
     } else if (watched == m_paid && !m_rest->isVisible()) {
         m_account->setFocus(Qt::OtherFocusReason);
     } else {

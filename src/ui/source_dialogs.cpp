@@ -73,6 +73,27 @@ void followDocument(const FormContext &context, const DocumentFormSpec &spec, Do
         followSource(context, spec, lines, header, base, row->text(u"number"));
 }
 
+/// What comes back of a sale comes back from its member, so one return has the sales of one.
+void takeReturnable(const FormContext &context, DocumentLines &lines, HeaderPanel &header,
+                    const std::vector<ReturnableLine> &chosen) {
+    const std::vector<DraftLine> typed = lines.lines();
+    bool isKnown = std::any_of(typed.begin(), typed.end(),
+                               [](const DraftLine &line) { return !line.sourceNumber.isEmpty(); });
+    bool hasOthers = false;
+    for (const ReturnableLine &line : chosen) {
+        if (!isKnown)
+            header.fillMember(line.member);
+        isKnown = true;
+        if (line.member == header.member())
+            lines.append(lineOf(line));
+        else
+            hasOthers = true;
+    }
+    if (hasOthers)
+        context.prompter.inform(QStringLiteral("所选商品属于不同会员的销售单，请分开退货！"),
+                                informCaption);
+}
+
 /// Returns: choose lines of what the partner sold us or bought from us.
 void chooseReturnable(const FormContext &context, const DocumentFormSpec &spec,
                       DocumentLines &lines, HeaderPanel &header, const Draft &base,
@@ -108,8 +129,10 @@ void chooseReturnable(const FormContext &context, const DocumentFormSpec &spec,
     dialog.resize(1120, 520);
     if (!dialog.choose())
         return;
+    std::vector<ReturnableLine> chosen;
     for (const Row *row : dialog.chosen())
-        lines.append(lineOf(found[static_cast<size_t>(row->integer(u"place"))]));
+        chosen.push_back(found[static_cast<size_t>(row->integer(u"place"))]);
+    takeReturnable(context, lines, header, chosen);
 }
 
 } // namespace

@@ -20,16 +20,10 @@ MemberShop::MemberShop() {
 }
 
 void MemberShop::addMember(const QString &number, const QString &name) {
-    Assignments row = {
-        {QStringLiteral("hy_sn"), number},    {QStringLiteral("hy_bh"), number},
-        {QStringLiteral("hy_name"), name},    {QStringLiteral("hl_sn"), u"100001"},
-        {QStringLiteral("hh_sn"), u"100001"}, {QStringLiteral("hy_mm"), u""},
-        {QStringLiteral("hy_mobile"), u""},   {QStringLiteral("hy_sr"), u"1970-06-15"},
-        {QStringLiteral("hy_sj"), 1}};
-    for (const char16_t *zero :
-         {u"hy_jf", u"hy_zjf", u"hy_zhje", u"hy_ye", u"hy_zje", u"hy_cs", u"hy_status", u"hy_qx"})
-        row.push_back({QString::fromUtf16(zero), 0});
-    db.insertRow(QStringLiteral("jxc_hyxx"), row);
+    addCard(number, number,
+            {{QStringLiteral("hy_name"), name},
+             {QStringLiteral("hy_sr"), u"1970-06-15"},
+             {QStringLiteral("hy_sj"), 1}});
 }
 
 void MemberShop::change(const QString &table, const QString &assignments, const QString &where) {

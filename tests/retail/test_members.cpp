@@ -7,10 +7,10 @@
 #include "retail/member_card.h"
 #include "retail/member_figures.h"
 #include "retail/member_opening.h"
+#include "retail/member_receipt.h"
 #include "retail/member_search.h"
 #include "retail/member_shop.h"
 #include "retail/points_exchange.h"
-#include "retail/member_receipt.h"
 #include "retail/till_cash.h"
 
 #include <QTest>

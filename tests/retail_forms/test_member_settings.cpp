@@ -27,18 +27,13 @@ class MemberDesk : public Shop {
 public:
     MemberDesk() {
         registerForms(registry);
-        db.insertRow(u"jxc_hyxx"_qs, {{u"hy_sn"_qs, u"100002"},
-                                      {u"hy_bh"_qs, u"888001"},
-                                      {u"hy_name"_qs, u"老李"},
-                                      {u"hy_jm"_qs, u"LL"},
-                                      {u"hy_mobile"_qs, u"13900001111"},
-                                      {u"hy_mm"_qs, u"66"},
-                                      {u"hl_sn"_qs, u"100001"},
-                                      {u"hh_sn"_qs, u"100001"},
-                                      {u"hy_jf"_qs, 100},
-                                      {u"hy_zjf"_qs, 100},
-                                      {u"hy_status"_qs, 0},
-                                      {u"hy_qx"_qs, 0}});
+        addCard(u"100002"_qs, u"888001"_qs,
+                {{u"hy_name"_qs, u"老李"},
+                 {u"hy_jm"_qs, u"LL"},
+                 {u"hy_mobile"_qs, u"13900001111"},
+                 {u"hy_mm"_qs, u"66"},
+                 {u"hy_jf"_qs, 100},
+                 {u"hy_zjf"_qs, 100}});
     }
     ~MemberDesk() {
         for (const QString &name : registry.knownForms())

@@ -46,6 +46,10 @@ void takeRecharge(TF_Hyxf &form, Photographer &photographer) {
     type(QStringLiteral("200"));
     photographer.take(&form, QStringLiteral("TF_Hyxf_typed"));
     takeAction(form, photographer, "btnSave");
+    const QString preview = QStringLiteral("update jxc_posprint set pp_zjdy=%1,pp_dyfs=0");
+    form.db().execute(preview.arg(1));
+    takeAction(form, photographer, "btnReprint");
+    form.db().execute(preview.arg(0));
 }
 
 } // namespace

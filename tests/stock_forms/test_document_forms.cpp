@@ -51,6 +51,8 @@ private Q_SLOTS:
     void aLostServerLosesNothing();
     void entryOrderCanBeSet_data() { addEngineRows(); }
     void entryOrderCanBeSet();
+    void membersPayAndArePaidBack_data() { addEngineRows(); }
+    void membersPayAndArePaidBack();
     void hostileTexts_data() { addEngineRows(); }
     void hostileTexts();
 
@@ -450,6 +452,95 @@ void TestDocumentForms::entryOrderCanBeSet() {
     enter();
     enter(QStringLiteral("10000014"));
     QCOMPARE(editor.table().lines().columnAt(editor.table().currentIndex().column()).field, LineField::note);
+}
+
+/// A member pays a sale from the card, in part; it is taken back, sold again, and a part returned
+/// onto the card. The figures are those of the rules, worked by hand.
+void TestDocumentForms::membersPayAndArePaidBack() {
+    Desk desk;
+    desk.db.execute(QStringLiteral("update jxc_jfsz set jf_mfje=10,jf_jfgz=0"));
+    desk.addGoods(QStringLiteral("10000020"), {{QStringLiteral("g_sj"), 25}});
+    stockUp(desk, QStringLiteral("10000020"), 9_d);
+    desk.addCard(QStringLiteral("100002"), QStringLiteral("888001"),
+                 {{QStringLiteral("hy_name"), u"老李"}, {QStringLiteral("hy_mobile"), u"13900001111"}, {QStringLiteral("hy_mm"), u"66"}, {QStringLiteral("hy_zhje"), 50}});
+    desk.addCard(QStringLiteral("100003"), QStringLiteral("888002"), {{QStringLiteral("hy_name"), u"小赵"}});
+    const auto figures = [&] { return desk.figures(QStringLiteral("select hy_jf,hy_zje,hy_cs,hy_zhje from jxc_hyxx where hy_sn='100002'")); };
+    TF_Spxs sales(desk.context);
+    DocumentEditor &sale = openNew(sales);
+    QVERIFY(!child<QWidget>(sale, QStringLiteral("pos_czk"))->isVisible());
+    press(Qt::Key_M, Qt::ControlModifier);
+    enter(QStringLiteral("888009"));
+    QCOMPARE(desk.user.told.takeLast(), QStringLiteral("会员不存在！"));
+    sale.header().focusField(HeaderField::member);
+    enter(QStringLiteral("13900001111"));
+    QCOMPARE(sale.header().member(), QStringLiteral("100002"));
+    QCOMPARE(child<QLabel>(sale, QStringLiteral("memberInfo"))->text(), QStringLiteral("￥50.00　积分 0"));
+    throughHeader(sale);
+    enter(QStringLiteral("10000020"));
+    enter(QStringLiteral("3"));
+    sale.table().startNextLine();
+    enter(); // to the money: paid, account, the member's tenders
+    enter();
+    enter();
+    auto *stored = child<QLineEdit>(sale, QStringLiteral("pos_czk"));
+    QVERIFY(stored->hasFocus());
+    type(QStringLiteral("60"));
+    press(Qt::Key_F8);
+    QCOMPARE(desk.user.told.takeLast(), QStringLiteral("储值卡余额不足！"));
+    QVERIFY(sale.isVisible() && stored->hasFocus());
+    type(QStringLiteral("40"));
+    enter();
+    type(QStringLiteral("50"));
+    QCOMPARE(child<QLabel>(sale, QStringLiteral("pos_xj"))->text(), QStringLiteral("其余现金 -￥15.00"));
+    press(Qt::Key_F8);
+    QCOMPARE(desk.user.told.takeLast(), QStringLiteral("储值卡、银行卡和代金券的金额之和不能大于实付金额！"));
+    enter();
+    type(QStringLiteral("5"));
+    atNextDialog([](QWidget *) { press(Qt::Key_Escape); }); // he does not know his password
+    press(Qt::Key_F8);
+    QVERIFY(sale.isVisible());
+    QCOMPARE(desk.figures(QStringLiteral("select count(*) from jxc_lsxsd")), QStringLiteral("0"));
+    atNextDialog([](QWidget *) { enter(QStringLiteral("66")); });
+    press(Qt::Key_F8);
+    QCOMPARE(desk.user.told, QStringList());
+    QCOMPARE(desk.figures(QStringLiteral("select ls_status,pos_zffs,pos_xj,pos_czk,pos_yhk,pos_djq from jxc_lsxsd")), QStringLiteral("1 6 30 40 5 0"));
+    // 75 spent, 40 of it stored value, which earns nothing: 3 points.
+    QCOMPARE(figures(), QStringLiteral("3 75 1 10"));
+
+    sales.showApproved(true);
+    sales.grid().setFocus();
+    press(Qt::Key_F9);
+    QCOMPARE(figures(), QStringLiteral("0 0 0 50"));
+    sales.showApproved(false);
+    sales.grid().setFocus();
+    press(Qt::Key_F4); // what was agreed to needs no password again
+    QCOMPARE(child<QLineEdit>(*sales.editor(), QStringLiteral("pos_czk"))->text(), QStringLiteral("40.00"));
+    press(Qt::Key_F8);
+    QCOMPARE(figures(), QStringLiteral("3 75 1 10"));
+    const QString other = desk.post(QStringLiteral("XS"), day(2), {{.goods = QStringLiteral("10000020"), .quantity = 1_d, .price = 25_d}},
+                                    [](Draft &d) { d.member = QStringLiteral("100003"); });
+
+    TF_Xsth returns(desk.context);
+    DocumentEditor &back = openNew(returns);
+    atNextDialog([](QWidget *) { // both sales, but a return is of one member
+        press(Qt::Key_Space);
+        press(Qt::Key_Down);
+        press(Qt::Key_Space);
+        press(Qt::Key_Return);
+    });
+    press(Qt::Key_F9);
+    QCOMPARE(desk.user.told.takeLast(), QStringLiteral("所选商品属于不同会员的销售单，请分开退货！"));
+    QCOMPARE(back.draft().lines.size(), size_t(1));
+    QCOMPARE(back.header().member(), QStringLiteral("100002"));
+    QVERIFY(!back.header().widget(HeaderField::member)->isEnabled());
+    enter(QStringLiteral("1"));
+    child<QLineEdit>(back, QStringLiteral("pos_czk"))->setFocus();
+    type(QStringLiteral("20"));
+    press(Qt::Key_F8);
+    QCOMPARE(desk.user.told, QStringList());
+    QCOMPARE(desk.figures(QStringLiteral("select th_status,pos_xj,pos_czk,pos_yhk from jxc_xsthd")), QStringLiteral("1 5 20 0"));
+    // 25 less spent, 5 of it not from the card: half a point, rounded up.
+    QCOMPARE(figures(), QStringLiteral("2 50 0 30"));
 }
 
 void TestDocumentForms::hostileTexts() {

@@ -7,6 +7,15 @@
 
 namespace jxc::test {
 
+namespace {
+
+bool isGiven(const Assignments &row, const QString &column) {
+    return std::any_of(row.begin(), row.end(),
+                       [&](const Assignment &a) { return a.column == column; });
+}
+
+} // namespace
+
 QString day(int number) {
     return QStringLiteral("2026-03-%1").arg(number, 2, 10, QChar(u'0'));
 }
@@ -30,12 +39,27 @@ void Shop::addGoods(const QString &goods, const Assignments &more) {
     for (const char16_t *zero : {u"g_kc", u"g_pjjj", u"g_scjj", u"g_cgpl", u"g_xspl", u"g_xzsl",
                                  u"g_iscf", u"g_jy", u"g_sj", u"g_lsj"}) {
         const QString column = QString::fromUtf16(zero);
-        if (std::none_of(more.begin(), more.end(),
-                         [&](const Assignment &a) { return a.column == column; }))
+        if (!isGiven(more, column))
             row.push_back({column, 0});
     }
     row.insert(row.end(), more.begin(), more.end());
     db.insertRow(QStringLiteral("jxc_goods"), row);
+}
+
+void Shop::addCard(const QString &key, const QString &number, const Assignments &more) {
+    Assignments row = {{QStringLiteral("hy_sn"), key},
+                       {QStringLiteral("hy_bh"), number},
+                       {QStringLiteral("hl_sn"), u"100001"},
+                       {QStringLiteral("hh_sn"), u"100001"}};
+    for (const char16_t *zero : {u"hy_jf", u"hy_zjf", u"hy_zhje", u"hy_ye", u"hy_zje", u"hy_cs",
+                                 u"hy_status", u"hy_qx", u"hy_sj"})
+        if (const QString column = QString::fromUtf16(zero); !isGiven(more, column))
+            row.push_back({column, 0});
+    for (const char16_t *empty : {u"hy_mm", u"hy_mobile"})
+        if (const QString column = QString::fromUtf16(empty); !isGiven(more, column))
+            row.push_back({column, u""});
+    row.insert(row.end(), more.begin(), more.end());
+    db.insertRow(QStringLiteral("jxc_hyxx"), row);
 }
 
 void Shop::addUnit(const QString &goods, const QString &unit, Decimal factor,

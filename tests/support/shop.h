@@ -54,6 +54,8 @@ public:
     void addUnit(const QString &goods, const QString &unit, Decimal factor,
                  const Assignments &more = {});
     void addCustomer(const QString &number, const QString &name, const QString &type);
+    /// A member with nothing on the card but what is given, at the first level, without a password.
+    void addCard(const QString &key, const QString &number, const Assignments &more = {});
     /// Sets a system parameter; the session has it at once.
     void set(const QString &parameter, const Value &value);
     /// The clerk 小王 in a session of his own; he has these rights of a group, and no other.

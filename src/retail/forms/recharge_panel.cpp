@@ -21,7 +21,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int passwordLength = 16, noteLength = 200;
+constexpr int noteLength = 200;
 
 QLabel *quiet(const QString &text) {
     auto *label = new QLabel(text);
@@ -57,25 +57,7 @@ RechargePanel::RechargePanel(const Form &form)
 }
 
 void RechargePanel::build() {
-    const std::pair<QWidget *, const char16_t *> names[] = {
-        {m_member, u"hy_sn"}, {m_amount, u"xf_je"},  {m_password, u"hy_mm"},
-        {m_note, u"xf_note"}, {m_print, u"print"},   {m_ok, u"btnSave"},
-        {m_who, u"who"},      {m_credit, u"credit"}, {m_told, u"told"}};
-    for (const auto &[widget, name] : names)
-        widget->setObjectName(QString::fromUtf16(name));
-    m_member->setPlaceholderText(QStringLiteral("F2：卡号、手机、姓名"));
-    m_member->setClearable(true);
-    m_amount->setNegativeAllowed(true);
-    m_amount->setPlaceholderText(QStringLiteral("负数退款"));
-    m_password->setEchoMode(QLineEdit::Password);
-    m_password->setMaxLength(passwordLength);
-    m_note->setMaxLength(noteLength);
-    m_print->setFocusPolicy(Qt::NoFocus);
-    m_print->setChecked(PrintSettings::load(m_form.db()).printsAfterPaying);
-    m_ok->setAutoDefault(false);
-    for (QLabel *label : {m_who, m_credit, m_told})
-        label->setTextFormat(Qt::PlainText);
-
+    setUpFields();
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 4, 0, 4);
     grid->setHorizontalSpacing(12);
@@ -89,6 +71,41 @@ void RechargePanel::build() {
     }
     grid->addWidget(m_who, 0, 2);
     grid->addWidget(m_credit, 1, 2);
+    grid->addLayout(makeFigures(), 2, 2);
+    auto *end = new QHBoxLayout;
+    end->setSpacing(12);
+    end->addWidget(m_print);
+    end->addWidget(m_ok);
+    end->addWidget(m_told, 1);
+    grid->addLayout(end, 3, 2);
+    grid->setColumnStretch(2, 1);
+    QWidget *order[] = {m_member, m_amount, m_password, m_note, m_ok};
+    for (size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void RechargePanel::setUpFields() {
+    const std::pair<QWidget *, const char16_t *> names[] = {
+        {m_member, u"hy_sn"}, {m_amount, u"xf_je"},  {m_password, u"hy_mm"},
+        {m_note, u"xf_note"}, {m_print, u"print"},   {m_ok, u"btnSave"},
+        {m_who, u"who"},      {m_credit, u"credit"}, {m_told, u"told"}};
+    for (const auto &[widget, name] : names)
+        widget->setObjectName(QString::fromUtf16(name));
+    m_member->setPlaceholderText(QStringLiteral("F2：卡号、手机、姓名"));
+    m_member->setClearable(true);
+    m_amount->setNegativeAllowed(true);
+    m_amount->setPlaceholderText(QStringLiteral("负数退款"));
+    m_password->setEchoMode(QLineEdit::Password);
+    m_password->setMaxLength(memberPasswordLength);
+    m_note->setMaxLength(noteLength);
+    m_print->setFocusPolicy(Qt::NoFocus);
+    m_print->setChecked(PrintSettings::load(m_form.db()).printsAfterPaying);
+    m_ok->setAutoDefault(false);
+    for (QLabel *label : {m_who, m_credit, m_told})
+        label->setTextFormat(Qt::PlainText);
+}
+
+QLayout *RechargePanel::makeFigures() {
     auto *figures = new QHBoxLayout;
     figures->setSpacing(8);
     for (const auto &[label, caption, name] :
@@ -100,17 +117,7 @@ void RechargePanel::build() {
         figures->addSpacing(16);
     }
     figures->addStretch(1);
-    grid->addLayout(figures, 2, 2);
-    auto *end = new QHBoxLayout;
-    end->setSpacing(12);
-    end->addWidget(m_print);
-    end->addWidget(m_ok);
-    end->addWidget(m_told, 1);
-    grid->addLayout(end, 3, 2);
-    grid->setColumnStretch(2, 1);
-    QWidget *order[] = {m_member, m_amount, m_password, m_note, m_ok};
-    for (size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    return figures;
 }
 
 QLabel *RechargePanel::addFigure(const QString &caption, const QString &name) {

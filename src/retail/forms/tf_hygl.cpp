@@ -26,7 +26,7 @@ ColumnSpecs memberColumns(const MasterKind &kind) {
         {QStringLiteral("hy_jm"), 72},    {QStringLiteral("hl_name"), 88},
         {QStringLiteral("hh_name"), 104}, {QStringLiteral("hy_mobile"), 112},
         {QStringLiteral("hy_jf"), 80},    {QStringLiteral("hy_zjf"), 80},
-        {QStringLiteral("hy_zhje"), 96},  {QStringLiteral("hy_zje"), 96},
+        {QStringLiteral("hy_zhje"), 88},  {QStringLiteral("hy_zje"), 88},
         {QStringLiteral("hy_cs"), 80},    {QStringLiteral("hy_jrrq"), 96},
         {QStringLiteral("hy_dqrq"), 96},  {QStringLiteral("hy_status"), 56},
         {QStringLiteral("hy_note"), 104}};
@@ -163,7 +163,8 @@ void TF_Hygl::btnSmsClick() {
         for (int line = 0; line < grid().model().rowCount(); ++line)
             members << grid().model().at(line).text(u"hy_sn");
     members.removeAll(noMember);
-    if (auto *sms = qobject_cast<TF_Sms *>(context().stage.openForm(QStringLiteral("TF_Sms"), {})))
+    auto *sms = qobject_cast<TF_Sms *>(context().stage.openForm(QStringLiteral("TF_Sms"), {}));
+    if (sms != nullptr && !members.isEmpty())
         sms->setMembers(members);
 }
 

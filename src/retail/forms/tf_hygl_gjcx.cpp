@@ -15,7 +15,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int spanWidth = 132;
+constexpr int spanWidth = 112;
 
 std::optional<Decimal> bound(const NumberField *field) {
     return field->text().isEmpty() ? std::nullopt : std::optional(field->value());

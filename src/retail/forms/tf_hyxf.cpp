@@ -50,8 +50,10 @@ TF_Hyxf::TF_Hyxf(const FormContext &context, QWidget *parent)
     setColumns(rechargeColumns(true), QStringLiteral("gl_djh"));
     addAction(QStringLiteral("btnSave"), QStringLiteral("充值"), Qt::Key_F5,
               [this] { btnSaveClick(); });
-    addAction(QStringLiteral("btnNew"), QStringLiteral("下一位"), Qt::Key_F6,
-              [this] { m_panel->startNew(); });
+    addAction(QStringLiteral("btnNew"), QStringLiteral("下一位"), Qt::Key_F6, [this] {
+        if (mayLeave())
+            m_panel->startNew();
+    });
     addAction(
         QStringLiteral("btnReprint"), QStringLiteral("重打"), Qt::Key_F7,
         [this] { btnReprintClick(); }, true);
