@@ -30,6 +30,11 @@ QString momentOf(int i) {
            QTime(8, 0).addSecs(i % perDay * 40).toString(u" hh:mm:ss");
 }
 
+/// Every second receipt has the bestseller on it.
+QString goodsOf(int i, int line) {
+    return QString::number(10'000'000 + (line == 1 && i % 2 == 0 ? 0 : (i + line * 7) % goodsKept));
+}
+
 /// Of every twenty receipts one is a return; a third name a member.
 void insertReceipts(Database &db, int from, int to) {
     std::vector<Values> sales, returns, saleLines, returnLines;
@@ -44,8 +49,8 @@ void insertReceipts(Database &db, int from, int to) {
                         i % 2 == 0 ? u"admin"_qs : u"小王"_qs, settlement});
         for (int line = 0; line < 2; ++line)
             (isReturn ? returnLines : saleLines)
-                .push_back({number, QString::number(10'000'000 + (i + line * 7) % goodsKept),
-                            Decimal(11), Decimal(1), Decimal(1), Decimal(11), Decimal(8)});
+                .push_back({number, goodsOf(i, line), Decimal(11), Decimal(1), Decimal(1),
+                            Decimal(11), Decimal(8)});
     }
     const auto header = QStringLiteral(
         "gl_djh,hy_sn,pos_xsrq,ck_sn,pos_yfje,pos_sfje,pos_zlje,pos_xj,a_name,pos_rjid");
@@ -102,6 +107,13 @@ void run(Engine engine) {
     measure("goods of a month", [&] { return counterGoods(session, thisMonth).size(); });
     measure("goods of three years",
             [&] { return counterGoods(session, days(firstDay, last)).size(); });
+    CounterFilter bestseller = day;
+    bestseller.goods = u"10000000"_qs;
+    measure("lines of the bestseller of a day",
+            [&] { return counterLineList(session, bestseller).size(); });
+    bestseller.from = thisMonth.from;
+    measure("lines of the bestseller of a month",
+            [&] { return counterLineList(session, bestseller).size(); });
     CounterFilter oneGoods = thisMonth;
     oneGoods.goods = u"10000007"_qs;
     measure("lines of a goods of a month",

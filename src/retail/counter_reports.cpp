@@ -33,9 +33,11 @@ Rows counterGoods(const Session &session, const CounterFilter &filter) {
                     sumOf(session, QStringLiteral("l.pos_zcb"), QStringLiteral("zcb"))}
             .join(u',');
     const Rows rows = session.db().rows(
-        QStringLiteral("select %1,c.gc_name,t.goods,t.sl,t.zje,t.zcb from (select l.g_sn as goods,"
-                       "%2 from %3 l group by l.g_sn) t left join jxc_goods a on a.g_sn=t.goods "
-                       "left join jxc_goodsclass c on c.gc_cid=a.gc_cid where %4 order by t.goods")
+        QStringLiteral(
+            "select %1,(select min(c.gc_name) from jxc_goodsclass c where "
+            "c.gc_sn=a.gc_sn) as gc_name,t.goods,t.sl,t.zje,t.zcb from (select l.g_sn as goods,"
+            "%2 from %3 l group by l.g_sn) t left join jxc_goods a on a.g_sn=t.goods "
+            "where %4 order by t.goods")
             .arg(goodsColumns, sums, lines.text, where.text()),
         joined(lines.values, where.values()));
     if (rows.empty())

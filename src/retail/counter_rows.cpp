@@ -4,6 +4,7 @@
 #include "db/where.h"
 #include "master/goods_rules.h"
 
+#include <QDate>
 #include <QStringList>
 
 namespace jxc {
@@ -59,6 +60,15 @@ Where conditions(const Session &session, const Side &side, const CounterFilter &
         where.add(
             QStringLiteral("not exists (select 1 from jxc_posthd t where t.gl_djh=h.gl_djh)"));
     return where;
+}
+
+/// Short enough for its receipts to be fewer than what a goods sold in years.
+bool isShort(const CounterFilter &filter) {
+    constexpr int quarter = 92;
+    const auto day = [](const QString &moment) {
+        return QDate::fromString(moment.left(10), Qt::ISODate);
+    };
+    return day(filter.from).daysTo(day(filter.to)) <= quarter;
 }
 
 QString headerSelect(const Side &side) {
@@ -129,7 +139,9 @@ SqlPart counterLines(const Session &session, const CounterFilter &filter) {
     SqlPart part;
     for (const Side *side : {&receipts(), &returns()}) {
         Where where = conditions(session, *side, filter);
-        where.addEqual(QStringLiteral("l.g_sn"), filter.goods);
+        // Left to itself, the engine may begin with every line that the goods ever had.
+        where.addEqual(isShort(filter) ? QStringLiteral("l.g_sn||''") : QStringLiteral("l.g_sn"),
+                       filter.goods);
         if (!filter.goodsClass.isEmpty()) {
             Where goods;
             goods.add(QStringLiteral("g.g_sn=l.g_sn"));

@@ -29,12 +29,13 @@ Rows listReceipts(const Session &session, const CounterFilter &filter) {
 
 Rows receiptLines(const Session &session, const QString &number, bool isReturn) {
     return session.db().rows(
-        QStringLiteral("select a.id,a.g_sn,%1 as g_name,g.gg_name,a.dw_name,a.pos_sl,a.pos_dj,"
-                       "a.pos_dzl,a.pos_zje,a.t_ph,a.t_yxq from %2 a left join jxc_goods g on "
-                       "g.g_sn=a.g_sn where a.gl_djh=? order by a.id")
+        QStringLiteral("select a.id,a.g_sn,%1 as g_name,g.gg_name,a.dw_name,%3a.pos_sl as pos_sl,"
+                       "a.pos_dj,a.pos_dzl,%3a.pos_zje as pos_zje,a.t_ph,a.t_yxq from %2 a left "
+                       "join jxc_goods g on g.g_sn=a.g_sn where a.gl_djh=? order by a.id")
             .arg(isReturn ? QStringLiteral("g.g_name")
                           : QStringLiteral("coalesce(g.g_name,'')||coalesce(a.t_zp,'')"),
-                 isReturn ? QStringLiteral("jxc_posthsp") : QStringLiteral("jxc_posxssp")),
+                 isReturn ? QStringLiteral("jxc_posthsp") : QStringLiteral("jxc_posxssp"),
+                 isReturn ? QStringLiteral("-") : QString()),
         {number});
 }
 

@@ -8,6 +8,7 @@
 #include "db/where.h"
 
 #include <QDateTime>
+#include <array>
 
 namespace jxc {
 
@@ -30,12 +31,12 @@ const Columns &columns() {
 }
 
 using Recharged = TillFigures::Recharged;
-const std::pair<const char16_t *, Decimal Recharged::*> rechargeColumns[] = {
-    {u"jb_xjje2", &Recharged::cash},
-    {u"jb_yhkje2", &Recharged::bankCard},
-    {u"jb_wxje2", &Recharged::weChat},
-    {u"jb_zfbje2", &Recharged::aliPay},
-    {u"jb_zlje2", &Recharged::change}};
+const std::array<std::pair<const char16_t *, Decimal Recharged::*>, 5> rechargeColumns = {
+    {{u"jb_xjje2", &Recharged::cash},
+     {u"jb_yhkje2", &Recharged::bankCard},
+     {u"jb_wxje2", &Recharged::weChat},
+     {u"jb_zfbje2", &Recharged::aliPay},
+     {u"jb_zlje2", &Recharged::change}}};
 
 QString secondAfter(const QString &moment) {
     const QString format = QStringLiteral("yyyy-MM-dd hh:mm:ss");

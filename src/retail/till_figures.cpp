@@ -4,6 +4,7 @@
 #include "db/database.h"
 #include "db/where.h"
 
+#include <array>
 #include <map>
 
 namespace jxc {
@@ -70,12 +71,12 @@ void addTillCash(const Session &session, const CounterFilter &filter, ByCashier 
 
 void addRecharges(const Session &session, const CounterFilter &filter, ByCashier &all) {
     using Recharged = TillFigures::Recharged;
-    static const std::pair<const char16_t *, Decimal Recharged::*> fields[] = {
-        {u"xf_xj", &Recharged::cash},
-        {u"xf_xyk", &Recharged::bankCard},
-        {u"xf_wxje", &Recharged::weChat},
-        {u"xf_zfbje", &Recharged::aliPay},
-        {u"xf_zlje", &Recharged::change}};
+    static const std::array<std::pair<const char16_t *, Decimal Recharged::*>, 5> fields = {
+        {{u"xf_xj", &Recharged::cash},
+         {u"xf_xyk", &Recharged::bankCard},
+         {u"xf_wxje", &Recharged::weChat},
+         {u"xf_zfbje", &Recharged::aliPay},
+         {u"xf_zlje", &Recharged::change}}};
     QStringList sums;
     for (const auto &[name, figure] : fields)
         sums << sumOf(session, QString::fromUtf16(name), QString::fromUtf16(name));

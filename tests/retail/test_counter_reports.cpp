@@ -260,6 +260,10 @@ void TestCounterReports::aDayAgainstPlainSums() {
     const Rows journal = listReceipts(shop.session, shop.today());
     QCOMPARE(static_cast<int>(journal.size()), receipts);
     QCOMPARE(sumOf(journal, u"pos_yfje"), due);
+    for (const Row &row : journal)
+        QCOMPARE(sumOf(receiptLines(shop.session, row.text(u"gl_djh"), row.flag(u"is_return")),
+                       u"pos_zje"),
+                 row.decimal(u"pos_yfje"));
 
     for (const Row &row : counterGoods(shop.session, shop.today())) {
         const QString code = row.text(u"goods");

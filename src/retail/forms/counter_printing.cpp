@@ -117,21 +117,23 @@ void CounterPrinting::sendRaw(const QString &printer, const QByteArray &bytes) {
         Q_EMIT failed(QStringLiteral("没有找到打印机，小票没有打印，可以重打！"));
         return;
     }
-    auto *spooler = new QProcess(this);
+    // A window that closes does not take what it sent off the printer.
+    auto *spooler = new QProcess(qApp);
     const QString text =
         QStringLiteral("打印机“%1”不能打印，小票没有打印，可以重打！").arg(printer);
-    connect(spooler, &QProcess::finished, this, [this, spooler, text](int code) {
+    connect(spooler, &QProcess::finished, this, [this, text](int code) {
         if (code != 0)
             Q_EMIT failed(text);
-        spooler->deleteLater();
     });
-    connect(spooler, &QProcess::errorOccurred, this,
-            [this, spooler, text](QProcess::ProcessError e) {
-                if (e != QProcess::FailedToStart)
-                    return;
-                Q_EMIT failed(text);
-                spooler->deleteLater();
-            });
+    connect(spooler, &QProcess::errorOccurred, this, [this, text](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart)
+            Q_EMIT failed(text);
+    });
+    connect(spooler, &QProcess::finished, spooler, &QObject::deleteLater);
+    connect(spooler, &QProcess::errorOccurred, spooler, [spooler](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart)
+            spooler->deleteLater();
+    });
     spooler->start(QStringLiteral("lp"), {QStringLiteral("-s"), QStringLiteral("-d"), printer,
                                           QStringLiteral("-o"), QStringLiteral("raw")});
     spooler->write(bytes);

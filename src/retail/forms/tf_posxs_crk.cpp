@@ -7,6 +7,7 @@
 #include "ui/row_list.h"
 #include "ui/till_cash_print.h"
 
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QLineEdit>
 

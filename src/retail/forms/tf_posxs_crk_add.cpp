@@ -6,6 +6,7 @@
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace jxc {
 

@@ -3,6 +3,8 @@
 #include "retail/till_cash.h"
 #include "ui/plain_editor.h"
 
+class QLineEdit;
+
 namespace jxc {
 
 class NumberField;

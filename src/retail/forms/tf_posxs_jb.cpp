@@ -42,19 +42,11 @@ QString slip(const Shift &shift, const Formats &formats) {
 } // namespace
 
 TF_Posxs_Jb::TF_Posxs_Jb(const FormContext &context, QWidget *parent)
-    : TF_Posxs_Jb(context, nullptr, parent) {
-    m_printing = new CounterPrinting(context, this);
+    : PlainEditor(context, QStringLiteral("TF_Posxs_Jb"), QStringLiteral("交班"), parent)
+    , m_printing(new CounterPrinting(context, this)) {
+    build();
     connect(m_printing, &CounterPrinting::failed, this,
             [this](const QString &words) { prompter().inform(words, informCaption); });
-}
-
-TF_Posxs_Jb::TF_Posxs_Jb(const FormContext &context, CounterPrinting &printing, QWidget *parent)
-    : TF_Posxs_Jb(context, &printing, parent) {}
-
-TF_Posxs_Jb::TF_Posxs_Jb(const FormContext &context, CounterPrinting *printing, QWidget *parent)
-    : PlainEditor(context, QStringLiteral("TF_Posxs_Jb"), QStringLiteral("交班"), parent)
-    , m_printing(printing) {
-    build();
 }
 
 void TF_Posxs_Jb::build() {

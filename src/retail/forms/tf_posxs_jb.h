@@ -18,8 +18,6 @@ class TF_Posxs_Jb : public PlainEditor {
     Q_OBJECT
 public:
     explicit TF_Posxs_Jb(const FormContext &context, QWidget *parent = nullptr);
-    /// Prints with the devices of the counter, which outlive the dialog.
-    TF_Posxs_Jb(const FormContext &context, CounterPrinting &printing, QWidget *parent);
 
     void FormActivate() override;
     /// The shift that is shown.
@@ -31,7 +29,6 @@ protected:
     [[nodiscard]] QStringList content() const override;
 
 private:
-    TF_Posxs_Jb(const FormContext &context, CounterPrinting *printing, QWidget *parent);
     void build();
     void readShift();
     void propose();

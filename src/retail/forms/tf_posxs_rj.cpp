@@ -7,6 +7,7 @@
 #include "ui/formats.h"
 #include "ui/period_bar.h"
 
+#include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 
