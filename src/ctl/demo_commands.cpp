@@ -82,7 +82,8 @@ Shop openShop(Context &context, const QDate &firstDay, int goods) {
 QString summary(const DemoCounts &c) {
     return QStringLiteral("进货单%1张（补录以前日期%2张），入库单%3张，采购退货%4张，销售单%"
                           "5张（取消审核%6张），"
-                          "顾客退货%7张，收付款%8张")
+                          "顾客退货%7张，收付款%8张；"
+                          "收银%9单，退货%10单，充值%11笔，兑换%12次，日结%13次")
         .arg(c.receipts)
         .arg(c.backDated)
         .arg(c.goodsIn)
@@ -90,7 +91,12 @@ QString summary(const DemoCounts &c) {
         .arg(c.sales)
         .arg(c.cancelled)
         .arg(c.salesReturns)
-        .arg(c.settlements);
+        .arg(c.settlements)
+        .arg(c.counterReceipts)
+        .arg(c.counterReturns)
+        .arg(c.recharges)
+        .arg(c.exchanges)
+        .arg(c.dayEnds);
 }
 
 } // namespace

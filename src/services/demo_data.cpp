@@ -83,6 +83,7 @@ public:
         loadPartners(QStringLiteral("customers"), QStringLiteral("jxc_khxx"), QStringLiteral("kh"));
         loadWarehouses();
         loadEmployees();
+        loadMembers();
     }
 
 private:
@@ -194,6 +195,41 @@ private:
             records.push_back(record);
         }
         insertRecords(m_db, QStringLiteral("jxc_ckxx"), records);
+    }
+
+    /// Levels with a discount, points for every ten yuan, gifts for a large recharge and for
+    /// points.
+    void loadMembers() {
+        std::vector<Record> records;
+        for (Record record : readTable(QStringLiteral("members"))) {
+            record[QStringLiteral("hy_jm")] = pinyinInitials(record[QStringLiteral("hy_name")]);
+            records.push_back(record);
+        }
+        insertRecords(m_db, QStringLiteral("jxc_hyxx"), records);
+        m_db.execute(QStringLiteral("update jxc_hyfl set hl_jfsx=199 where hl_sn='100001'"));
+        m_db.execute(QStringLiteral("update jxc_hyfl set hl_name='银卡会员',hl_zk=0.98,hl_jfxx=200,"
+                                    "hl_jfsx=999 where hl_sn='100002'"));
+        insertRecords(m_db, QStringLiteral("jxc_hyfl"),
+                      {{{QStringLiteral("hl_sn"), QStringLiteral("100003")},
+                        {QStringLiteral("hl_name"), QStringLiteral("金卡会员")},
+                        {QStringLiteral("hl_zk"), QStringLiteral("0.95")},
+                        {QStringLiteral("hl_jfxx"), QStringLiteral("1000")},
+                        {QStringLiteral("hl_jfsx"), QStringLiteral("999999")}}});
+        insertRecords(m_db, QStringLiteral("jxc_hyyh"),
+                      {{{QStringLiteral("hh_sn"), QStringLiteral("100002")},
+                        {QStringLiteral("hh_name"), QStringLiteral("充值送现金")},
+                        {QStringLiteral("hh_zl"), QStringLiteral("2")},
+                        {QStringLiteral("hh_zlname"), QStringLiteral("充值赠送")},
+                        {QStringLiteral("hh_note"), QStringLiteral("充值赠送金额")}}});
+        for (const auto &[amount, gift] : {std::pair{200, 10}, {500, 40}, {1000, 100}})
+            insertRecords(m_db, QStringLiteral("jxc_hyczzs"),
+                          {{{QStringLiteral("hs_sn"), QString::number(100'000 + amount)},
+                            {QStringLiteral("hs_czje"), QString::number(amount)},
+                            {QStringLiteral("hs_zsje"), QString::number(gift)}}});
+        m_db.execute(QStringLiteral("update jxc_jfsz set jf_mfje=10,jf_yelj=1"));
+        m_db.execute(QStringLiteral("update jxc_goods set g_iszp=1,g_zpjf=30 where g_sn in (select "
+                                    "g_sn from jxc_goods where g_iscf=0 and g_lsj>0 order by "
+                                    "g_lsj,id limit 3)"));
     }
 
     void loadEmployees() {

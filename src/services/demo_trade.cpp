@@ -6,6 +6,7 @@
 #include "money/partner_ledger.h"
 #include "money/settlement.h"
 #include "money/settlement_draft.h"
+#include "services/demo_counter.h"
 #include "stock/draft.h"
 #include "stock/posting.h"
 #include "stock/source_entry.h"
@@ -16,14 +17,7 @@ namespace jxc {
 
 namespace {
 
-struct Goods {
-    QString number;
-    Decimal buying, selling, limit;
-    int shelfLife = 0; ///< months
-    bool restricted = false;
-    Batch batch{}; ///< of the last receipt
-    int stock = 0; ///< whole base units, as the play keeps count
-};
+using Goods = DemoGoods;
 
 class Play {
 public:
@@ -31,7 +25,8 @@ public:
         : m_session(session)
         , m_clock(clock)
         , m_trade(trade)
-        , m_random(trade.seed) {
+        , m_random(trade.seed)
+        , m_counter(session, m_prompter, m_random, m_goods, m_counts) {
         readShop();
     }
 
@@ -89,6 +84,7 @@ private:
             settle(QStringLiteral("SK"), pick(m_customers));
         if (chance(40))
             settle(QStringLiteral("FK"), pick(m_suppliers));
+        m_counter.playDay(m_clock);
     }
 
     Draft draftFor(const QString &code, const QDate &day, const QString &partner) {
@@ -269,6 +265,7 @@ private:
     DemoCounts m_counts;
     std::vector<Goods> m_goods;
     QStringList m_suppliers, m_customers, m_clerks;
+    DemoCounter m_counter;
 };
 
 } // namespace
