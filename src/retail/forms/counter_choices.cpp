@@ -20,8 +20,8 @@ bool chooseGoods(const FormContext &context, CounterFind &found, QWidget *parent
         list.add({no++, hit.code, hit.name, hit.specification, hit.unit, hit.maker, hit.stock,
                   hit.retailPrice});
     TF_GridMsg choice(context, QStringLiteral("TF_Posxs_Sele"), QStringLiteral("选择商品"),
-                      {text(u"g_sn", u"商品编号", 110), text(u"g_name", u"商品名称", 204),
-                       text(u"gg_name", u"规格", 110), text(u"dw_name", u"单位", 56),
+                      {text(u"g_sn", u"商品编号", 110), text(u"g_name", u"商品名称", 290),
+                       text(u"gg_name", u"规格", 90), text(u"dw_name", u"单位", 56),
                        text(u"g_sccs", u"生产厂商", 150),
                        column(u"kc_sl", u"库存", ValueKind::quantity, 90),
                        column(u"g_lsj", u"零售价", ValueKind::price, 90)},

@@ -41,18 +41,28 @@ bool tell(Prompter &prompter, const Outcome &outcome) {
     return outcome.isDone();
 }
 
+/// Who bought such goods before, or who the member is.
+BuyerRecord proposedBuyer(Session &session, const Receipt &receipt,
+                          const std::optional<CounterMember> &member) {
+    std::optional<BuyerRecord> known = lastBuyerOf(session, receipt.customer);
+    if (!known && member && !member->mobile.isEmpty())
+        known = findBuyer(session, member->mobile);
+    if (known)
+        return *known;
+    return member ? BuyerRecord{member->name, {}, member->mobile, {}, {}, {}} : BuyerRecord();
+}
+
 } // namespace
 
 /// Who buys restricted goods is asked once for all of them.
-bool CounterPaying::registerBuyers(Receipt &receipt) {
+bool CounterPaying::registerBuyers(Receipt &receipt, const std::optional<CounterMember> &member) {
     BuyerRecord buyer;
     for (ReceiptLine &line : receipt.lines) {
         if (!line.restricted || !line.buyer.isEmpty())
             continue;
         if (buyer.name.isEmpty()) {
             const auto asked = askBuyer(
-                m_context, line.name,
-                lastBuyerOf(m_context.session, receipt.customer).value_or(BuyerRecord{}), m_window);
+                m_context, line.name, proposedBuyer(m_context.session, receipt, member), m_window);
             if (!asked)
                 return false;
             buyer = *asked;
@@ -116,7 +126,7 @@ bool CounterPaying::chargeWallet(Receipt &receipt, Tender &tender, Prompter &pro
 std::optional<PostedReceipt> CounterPaying::pay(Receipt &receipt,
                                                 const std::optional<CounterMember> &member) {
     std::optional<PostedReceipt> posted;
-    if (!registerBuyers(receipt) || !allowDiscounts(receipt))
+    if (!registerBuyers(receipt, member) || !allowDiscounts(receipt))
         return posted;
     m_printing.showAmount(receipt.total(m_settings.amountDecimals), DisplayLight::total);
     RememberingPrompter prompter(m_context.prompter);

@@ -25,7 +25,7 @@ public:
                                                    const std::optional<CounterMember> &member);
 
 private:
-    bool registerBuyers(Receipt &receipt);
+    bool registerBuyers(Receipt &receipt, const std::optional<CounterMember> &member);
     bool allowDiscounts(Receipt &receipt);
     bool chargeWallet(Receipt &receipt, Tender &tender, Prompter &prompter);
 

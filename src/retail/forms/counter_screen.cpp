@@ -11,6 +11,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -19,7 +20,7 @@ namespace jxc {
 namespace {
 
 ColumnSpecs lineColumns() {
-    return {column(u"no", u"行", ValueKind::integer, 48),
+    return {column(u"no", u"行", ValueKind::integer, 56),
             text(u"g_sn", u"商品编号", 110),
             text(u"g_name", u"商品名称", 204),
             text(u"gg_name", u"规格", 96),
@@ -158,13 +159,16 @@ void CounterScreen::showLast(const QString &number, const TenderOutcome &outcome
 }
 
 void CounterScreen::setHints(const QStringList &hints) {
-    m_hints->setText(hints.join(QStringLiteral("　")));
+    QStringList whole; // a key and what it does stay on one line
+    for (const QString &hint : hints)
+        whole << QString(hint).replace(u' ', QChar::Nbsp);
+    m_hints->setText(whole.join(QStringLiteral("　 ")));
 }
 
 void CounterScreen::say(const QString &text, bool isFault) {
     m_message->setText(text);
     m_message->setProperty("danger", isFault);
-    m_message->setStyleSheet(m_message->styleSheet()); // looks at the property anew
+    m_message->style()->polish(m_message); // looks at the property anew
 }
 
 void CounterScreen::goToLine(int line) {

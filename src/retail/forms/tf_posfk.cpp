@@ -72,7 +72,7 @@ void TF_Posfk::build() {
     form->setSpacing(8);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_cash = addField(form, QStringLiteral("现金"), QStringLiteral("pos_xj"));
-    m_cash->setStyleSheet(QStringLiteral("font-size: 24px;"));
+    m_cash->setStyleSheet(QStringLiteral("font-size: 24px; min-height: 36px;"));
     m_card = addField(form, QStringLiteral("银行卡"), QStringLiteral("pos_yhk"));
     m_weChat = addField(form, QStringLiteral("微信"), QStringLiteral("pos_wxje"));
     m_aliPay = addField(form, QStringLiteral("支付宝"), QStringLiteral("pos_zfbje"));
@@ -93,8 +93,9 @@ void TF_Posfk::build() {
 void TF_Posfk::addCardFields(QFormLayout *form) {
     m_value = addField(form, QStringLiteral("储值卡"), QStringLiteral("pos_czk"));
     m_value->setEnabled(m_member.has_value());
-    if (!m_member)
-        m_value->setPlaceholderText(QStringLiteral("没有会员"));
+    m_value->setPlaceholderText(
+        m_member ? QStringLiteral("余额 ") + Formats(session().parameters).money(m_member->balance)
+                 : QStringLiteral("没有会员"));
     m_password = new QLineEdit(this);
     m_password->setObjectName(QStringLiteral("hy_mm"));
     m_password->setEchoMode(QLineEdit::Password);
