@@ -1,5 +1,7 @@
 // How long the look-ups take in a shop of ten thousand goods and half a million journal rows.
 #include "db/transaction.h"
+#include "retail/member_query.h"
+#include "retail/member_search.h"
 #include "shop.h"
 #include "stock/cost_story.h"
 #include "stock/movement_query.h"
@@ -17,6 +19,7 @@ using namespace jxc::bench;
 namespace {
 
 constexpr int sales = 100'000;
+constexpr int members = 20'000;
 
 /// Sales without postings: the lists read the documents, not the journal.
 void insertSales(Database &db) {
@@ -43,6 +46,32 @@ void insertSales(Database &db) {
     transaction.commit();
 }
 
+/// Members, and five receipts of the counter for each.
+void insertMembers(Database &db) {
+    Transaction transaction(db);
+    std::vector<Values> rows;
+    std::vector<Values> receipts;
+    for (int i = 0; i < members; ++i) {
+        const QString number = QString::number(200'000 + i);
+        rows.push_back({number, number, QStringLiteral("会员%1").arg(i),
+                        QStringLiteral("HY%1").arg(i), QStringLiteral("138%1").arg(10'000'000 + i),
+                        u"", u"100001", u"100001", u"2024-05-01", Decimal(i % 900), Decimal(i % 77),
+                        i % 12});
+        for (int day = 0; day < 5; ++day)
+            receipts.push_back(
+                {QStringLiteral("XS%1%2").arg(number).arg(day), number,
+                 QDate(2026, 1, 1).addDays((i + day * 16) % 78).toString(Qt::ISODate), Decimal(9)});
+    }
+    db.insertRows(QStringLiteral("jxc_hyxx"),
+                  QStringLiteral("hy_sn,hy_bh,hy_name,hy_jm,hy_mobile,hy_tele,hl_sn,hh_sn,hy_jrrq,"
+                                 "hy_zhje,hy_jf,hy_cs")
+                      .split(u','),
+                  rows);
+    db.insertRows(QStringLiteral("jxc_posxsd"),
+                  QStringLiteral("gl_djh,hy_sn,pos_xsrq,pos_yfje").split(u','), receipts);
+    transaction.commit();
+}
+
 template<class Query>
 void measure(const char *what, const Query &query) {
     std::vector<qint64> times;
@@ -60,10 +89,23 @@ void measure(const char *what, const Query &query) {
     std::fflush(stdout);
 }
 
+void measureMembers(const Session &session) {
+    measure("a member by his card",
+            [&] { return findMembers(session, QStringLiteral("219999"), 50).size(); });
+    measure("members by a part of the name",
+            [&] { return findMembers(session, QStringLiteral("员777"), 50).size(); });
+    measure("members by initials that nobody has",
+            [&] { return findMembers(session, QStringLiteral("QQQ"), 50).size(); });
+    measure("all members", [&] { return listMembers(session, {}).size(); });
+    measure("members who bought nothing for a month",
+            [&] { return listMembers(session, {.idleDays = 30}).size(); });
+}
+
 void run(Engine engine) {
     std::printf("look-ups, %s\n", qPrintable(test::engineName(engine)));
     Shop shop(engine, {.stockedGoods = 9'800, .otherJournal = 500'000, .laterRows = 20'000});
     insertSales(shop.db());
+    insertMembers(shop.db());
     if (engine == Engine::Postgres)
         shop.db().execute(QStringLiteral("analyze"));
     const Session &session = shop.session();
@@ -95,6 +137,7 @@ void run(Engine engine) {
                          {.from = QStringLiteral("2025-12-01"), .to = QStringLiteral("2025-12-31")})
             .size();
     });
+    measureMembers(session);
 }
 
 } // namespace

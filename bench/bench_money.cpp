@@ -100,6 +100,13 @@ void run(Engine engine) {
     measure("statement of all customers, 100,000 documents", [&] {
         return statementDocuments(session, {kind, {}, from, to}).size();
     });
+    StatementQuery piece{kind, {}, from, to};
+    piece.most = 1'000;
+    measure("    its first piece, that fills the screen",
+            [&] { return statementDocuments(session, piece).size(); });
+    piece.after = statementDocuments(session, piece).back();
+    piece.most = 4'000;
+    measure("    a further piece", [&] { return statementDocuments(session, piece).size(); });
     measure("goods of one customer", [&] {
         return statementGoods(session, {kind, one, from, to}).size();
     });

@@ -2,7 +2,8 @@
 """Writes the print templates that the program ships, src/reports/templates/*.fr3.
 
 The documents share their heading, foot and table; what tells them apart stands in DOCUMENTS below.
-Each template is a complete file of its own, for shops change them one by one.
+Behind them come the forms of the counter. Each template is a complete file of its own, for shops
+change them one by one; those that are like no other are written by hand and only listed here.
 """
 import pathlib
 from xml.sax.saxutils import quoteattr
@@ -160,12 +161,71 @@ TEMPLATES = {
 }
 
 
+
+def report(name, paper, margins, parts):
+    head = (f'<?xml version="1.0" encoding="UTF-8"?>\n<report name="{name}" paper="{paper}" '
+            f'margins="{margins}">\n')
+    return head + "\n".join(parts) + "\n</report>\n"
+
+
+def table(columns, height, **more):
+    attributes = "".join(f' {name}="{value}"' for name, value in more.items())
+    rows = [f'    <table data="line" rowheight="{height}"{attributes}>', *columns, "    </table>"]
+    return band("detail", 0, rows, data="line")
+
+
+def shift_slip():
+    width = 74
+    title = [
+        text(0, 0, width, 6, "[var.bt1]", size=12, bold=1, align="center"),
+        text(0, 7, width, 6, "交班单[var.again]", size=11, bold=1, align="center"),
+        text(0, 14, width, 4, "收银员：[head.a_name]　接班：[head.jb_nextuser]"),
+        text(0, 18, width, 4, "上班：[head.jb_begintime]"),
+        text(0, 22, width, 4, "交班：[head.jb_endtime]"),
+    ]
+    columns = [column("caption", "项目", 40), column("amount", "金额", 34, align="right")]
+    footer = [
+        text(0, 1, width, 4, "备注：[head.jb_note]"),
+        text(0, 8, width, 5, "交班人签字："),
+        text(0, 18, width, 5, "接班人签字："),
+    ]
+    return report("交班单", "80", "3,3,3,3", [band("title", 27, title, repeat=0),
+                                              table(columns, 5), band("footer", 26, footer)])
+
+
+def till_cash_list():
+    width = 180
+    title = [
+        text(0, 0, width, 6, "[company.c_name]", size=12, align="center"),
+        text(40, 6, 100, 8, "收银员出入款", size=16, bold=1, align="center"),
+        text(145, 8, 35, 5, "第[page]页 共[pages]页", align="right"),
+        text(0, 16, 110, 5, "期间：[var.date1] 至 [var.date2]", size=10),
+        text(110, 16, 70, 5, "收银员：[var.cashier]", size=10, align="right"),
+    ]
+    columns = [column("no", "序", 10, align="center"), column("gl_djh", "单号", 34),
+               column("crk_rq", "日期", 24), column("kind", "类型", 22),
+               column("rkje", "入款金额", 26, sum=1), column("ckje", "出款金额", 26, sum=1),
+               column("a_name", "收银员", 18), column("crk_note", "备注", 20, lines=2)]
+    footer = [
+        text(0, 2, width, 6, "结余（入款减出款）：[var.rest]", size=11, bold=1),
+        text(0, 10, 90, 5, "制表：[var.a_name]", size=10),
+        text(90, 10, 90, 5, "日期：[var.today]", size=10, align="right"),
+    ]
+    return report("收银员出入款", "A4", "15,12,15,12", [band("title", 22, title, repeat=1),
+                                                  table(columns, 6), band("footer", 16, footer)])
+
+
+OF_THE_COUNTER = {"poshb": shift_slip, "poscrk": till_cash_list}
+
+
 def main():
     HERE.mkdir(exist_ok=True)
     for name, (what, prices) in TEMPLATES.items():
         (HERE / f"{name}.fr3").write_text(template(what, prices), encoding="utf-8")
-    listed = "".join(f'    <file alias="{name}.fr3">templates/{name}.fr3</file>\n'
-                     for name in sorted(TEMPLATES))
+    for name, write in OF_THE_COUNTER.items():
+        (HERE / f"{name}.fr3").write_text(write(), encoding="utf-8")
+    listed = "".join(f'    <file alias="{file.name}">templates/{file.name}</file>\n'
+                     for file in sorted(HERE.glob("*.fr3")))
     (HERE.parent / "templates.qrc").write_text(
         f'<RCC>\n  <qresource prefix="/report">\n{listed}  </qresource>\n</RCC>\n', encoding="utf-8")
 

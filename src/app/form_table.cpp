@@ -36,7 +36,16 @@
 #include "retail/forms/tf_hyyh_add.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posxs.h"
+#include "retail/forms/tf_posxs_crk.h"
+#include "retail/forms/tf_posxs_hy.h"
+#include "retail/forms/tf_posxs_jb.h"
+#include "retail/forms/tf_posxs_jbgl.h"
 #include "retail/forms/tf_posxs_lsz.h"
+#include "retail/forms/tf_posxs_ph.h"
+#include "retail/forms/tf_posxs_rj.h"
+#include "retail/forms/tf_posxs_sytj.h"
+#include "retail/forms/tf_posxs_tj.h"
+#include "retail/forms/tf_posxs_tjmx.h"
 #include "retail/forms/tf_sms.h"
 #include "retail/forms/tf_sms_cs.h"
 #include "retail/forms/tf_wxfk.h"
@@ -100,6 +109,15 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Jthcx>(QStringLiteral("TF_Jthcx"));
     registry.add<TF_Xsdjcx>(QStringLiteral("TF_Xsdjcx"));
     registry.add<TF_Posxs>(QStringLiteral("TF_Posxs"));
+    registry.add<TF_Posxs_Jb>(QStringLiteral("TF_Posxs_Jb"));
+    registry.add<TF_Posxs_Jbgl>(QStringLiteral("TF_Posxs_Jbgl"));
+    registry.add<TF_Posxs_Tj>(QStringLiteral("TF_Posxs_Tj"));
+    registry.add<TF_Posxs_Tjmx>(QStringLiteral("TF_Posxs_Tjmx"));
+    registry.add<TF_Posxs_Ph>(QStringLiteral("TF_Posxs_Ph"));
+    registry.add<TF_Posxs_Hy>(QStringLiteral("TF_Posxs_Hy"));
+    registry.add<TF_Posxs_Sytj>(QStringLiteral("TF_Posxs_Sytj"));
+    registry.add<TF_Posxs_Crk>(QStringLiteral("TF_Posxs_Crk"));
+    registry.add<TF_Posxs_Rj>(QStringLiteral("TF_Posxs_Rj"));
     registry.add<TF_Posxs_Lsz>(QStringLiteral("TF_Posxs_Lsz"));
     registry.add<TF_PosPrinSet>(QStringLiteral("TF_PosPrinSet"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));

@@ -25,8 +25,12 @@ void checkMayCancel(const Session &session, const QString &number, const QString
                       .arg(number, approver));
 }
 
-void confirmCancelling(Answers &answers, const QString &number) {
-    answers.require(QStringLiteral("您的操作将取消当前选中的已审核单据：%1，确认吗？").arg(number));
+void confirmCancelling(Answers &answers, const QString &number, const QString &warning) {
+    QString question =
+        QStringLiteral("您的操作将取消当前选中的已审核单据：%1，确认吗？").arg(number);
+    if (!warning.isEmpty())
+        question += QStringLiteral("\r\n\r\n") + warning;
+    answers.require(question);
 }
 
 } // namespace jxc

@@ -17,7 +17,7 @@ class Session;
 /// cancelling right of the kind. Throws Refusal for anyone else.
 void checkMayCancel(const Session &session, const QString &number, const QString &approver,
                     bool holdsRight);
-/// Asks before an approval is taken back; No ends the action.
-void confirmCancelling(Answers &answers, const QString &number);
+/// Asks before an approval is taken back; No ends the action. `warning` stands behind the question.
+void confirmCancelling(Answers &answers, const QString &number, const QString &warning = {});
 
 } // namespace jxc

@@ -30,12 +30,16 @@ void refuseMemberWithValue(const Session &, const Record &record) {
 
 /// Figures that documents and dialogs write, never an editor.
 std::vector<MasterField> figureFields() {
-    return {Field(u"hy_jf", ValueKind::integer).readOnly().notNegative(),
-            Field(u"hy_zjf", ValueKind::integer).readOnly(),
-            Field(u"hy_zhje", ValueKind::amount).readOnly().notNegative(),
-            Field(u"hy_zje", ValueKind::amount).readOnly(),
-            Field(u"hy_cs", ValueKind::integer).readOnly().caption(u"消费次数"),
-            Field(u"hy_status").numbered(u"正常 挂失").caption(u"状态").readOnly()};
+    std::vector<MasterField> fields{
+        Field(u"hy_jf", ValueKind::integer).readOnly().notNegative(),
+        Field(u"hy_zjf", ValueKind::integer).readOnly(),
+        Field(u"hy_zhje", ValueKind::amount).readOnly().notNegative(),
+        Field(u"hy_zje", ValueKind::amount).readOnly(),
+        Field(u"hy_cs", ValueKind::integer).readOnly().caption(u"消费次数"),
+        Field(u"hy_status").numbered(u"正常 挂失").caption(u"状态").readOnly()};
+    for (MasterField &field : fields)
+        field.page = QStringLiteral("积分金额");
+    return fields;
 }
 
 MasterKind memberKind() {

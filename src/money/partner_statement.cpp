@@ -72,6 +72,64 @@ QString joinPartner(const Side &side, const QString &column) {
     return QStringLiteral(" left join jxc_%1xx p on p.%1_sn=%2 ").arg(side.prefix, column);
 }
 
+QString directionOf(const StatementQuery &query) {
+    return query.newestFirst ? QStringLiteral(" desc") : QString();
+}
+
+QString limitOf(const StatementQuery &query) {
+    return query.most > 0 ? QStringLiteral(" limit %1").arg(query.most) : QString();
+}
+
+/// The two halves of a statement, each cut to the piece that is asked for before they meet.
+class Branches {
+public:
+    Branches(const StatementQuery &query, const Side &side)
+        : m_query(query)
+        , m_side(side) {}
+
+    /// `sort` is the half's place on one day.
+    void add(const QString &columns, const QString &table, const QString &sort, const QString &date,
+             const QString &number, Where where) {
+        addPartnerSearch(where, m_side, m_query.search);
+        if (m_query.after)
+            startAfter(where, sort, date, number);
+        const QString down = directionOf(m_query);
+        m_halves << QStringLiteral("select * from (select %1,p.%2_name as partner_name,p.%2_jm as "
+                                   "partner_jm from %3 a")
+                            .arg(columns, m_side.prefix, table) +
+                        joinPartner(m_side, QStringLiteral("a.%1_sn").arg(m_side.prefix)) +
+                        QStringLiteral("where %1 order by %2%4,%3%4")
+                            .arg(where.text(), date, number, down) +
+                        limitOf(m_query) + QStringLiteral(") h%1").arg(sort);
+        m_values.insert(m_values.end(), where.values().begin(), where.values().end());
+    }
+
+    [[nodiscard]] QString text() const {
+        return m_halves.join(QStringLiteral(" union all ")) +
+               QStringLiteral(" order by rq%1,dsort,djh%1").arg(directionOf(m_query));
+    }
+    [[nodiscard]] const Values &values() const { return m_values; }
+
+private:
+    void startAfter(Where &where, const QString &sort, const QString &date,
+                    const QString &number) const {
+        const QString day = m_query.after->text(u"rq");
+        const QString last = m_query.after->text(u"dsort");
+        const QString beyond = m_query.newestFirst ? QStringLiteral("<") : QStringLiteral(">");
+        if (sort == last)
+            where.add(QStringLiteral("(%1%3? or (%1=? and %2%3?))").arg(date, number, beyond),
+                      {day, day, m_query.after->text(u"djh")});
+        else // of the same day the other half follows wholly, or stands before wholly
+            where.add(date + beyond + (sort > last ? QStringLiteral("=?") : QStringLiteral("?")),
+                      {day});
+    }
+
+    const StatementQuery &m_query;
+    const Side &m_side;
+    QStringList m_halves;
+    Values m_values;
+};
+
 /// Sums of the journal's columns, named as they are.
 QString sums(const Session &session, const QStringList &columns) {
     QStringList all;
@@ -86,43 +144,36 @@ QString sums(const Session &session, const QStringList &columns) {
 Rows statementDocuments(const Session &session, const StatementQuery &query) {
     const Side &side = sideOf(query.kind);
     const QString &k = side.debtPrefix;
-    const Where debts =
-        documentsOf(session, query, side, QStringLiteral("a.%1_status").arg(k),
-                    QStringLiteral("a.") + side.debtDate, QStringLiteral("a.") + side.debtNumber);
-    const Where returns =
-        documentsOf(session, query, side, QStringLiteral("a.th_status"),
-                    QStringLiteral("a.") + side.returnDate, QStringLiteral("a.gl_djh"));
+    const auto a = [](const QString &column) { return QStringLiteral("a.") + column; };
     // A tenth of a second for every hundred thousand documents: the engine subtracts.
     const QString ofDebts =
-        QStringLiteral("select a.%1 as djh,a.%2_sn as partner,a.ck_sn,a.%3 as rq,a.%4_yfje as "
-                       "yfje,a.%4_sfje as sfje,a.%4_yhje as yhje,a.%4_hkje as hkje,"
-                       "(a.%4_yfje-a.%4_sfje-a.%4_yhje-a.%4_hkje) as wfje,'%5' as fktype,"
-                       "a.u_sn,a.%4_note as dnote,a.a_name,'1' as dsort,a.%4_checker as checker,"
-                       "a.%4_chkrq as chkrq,a.%4_yf as yf,a.%4_bzf as bzf,a.%4_yffs as yffs from "
-                       "%6 a where %7")
-            .arg(side.debtNumber, side.prefix, side.debtDate, k, side.debtKind, side.debt,
-                 debts.text());
+        QStringLiteral("a.%1 as djh,a.%2_sn as partner,a.ck_sn,a.%3 as rq,a.%4_yfje as yfje,"
+                       "a.%4_sfje as sfje,a.%4_yhje as yhje,a.%4_hkje as hkje,"
+                       "(a.%4_yfje-a.%4_sfje-a.%4_yhje-a.%4_hkje) as wfje,'%5' as fktype,a.u_sn,"
+                       "a.%4_note as dnote,a.a_name,'1' as dsort,a.%4_checker as checker,"
+                       "a.%4_chkrq as chkrq,a.%4_yf as yf,a.%4_bzf as bzf,a.%4_yffs as yffs")
+            .arg(side.debtNumber, side.prefix, side.debtDate, k, side.debtKind);
     const QString sign = query.netted ? QStringLiteral("-") : QString();
     const QString ofReturns =
-        QStringLiteral("select a.gl_djh,a.%1_sn,a.ck_sn,a.%2,%6a.th_yfje,%6a.th_sfje,0,"
-                       "%6a.th_hkje,%6(a.th_yfje-a.th_sfje-a.th_hkje),'%3',a.u_sn,a.th_note,"
-                       "a.a_name,'2',a.th_checker,a.th_chkrq,0,0,'' from %4 a where %5")
-            .arg(side.prefix, side.returnDate, side.returnKind, side.ret, returns.text(), sign);
-    Values values = debts.values();
-    values.insert(values.end(), returns.values().begin(), returns.values().end());
-    Where partner;
-    addPartnerSearch(partner, side, query.search);
-    values.insert(values.end(), partner.values().begin(), partner.values().end());
-    const QString down = query.newestFirst ? QStringLiteral(" desc") : QString();
+        QStringLiteral("a.gl_djh,a.%1_sn,a.ck_sn,a.%2,%4a.th_yfje,%4a.th_sfje,0,%4a.th_hkje,"
+                       "%4(a.th_yfje-a.th_sfje-a.th_hkje),'%3',a.u_sn,a.th_note,a.a_name,'2',"
+                       "a.th_checker,a.th_chkrq,0,0,''")
+            .arg(side.prefix, side.returnDate, side.returnKind, sign);
+    Branches branches(query, side);
+    branches.add(ofDebts, side.debt, QStringLiteral("1"), a(side.debtDate), a(side.debtNumber),
+                 documentsOf(session, query, side, QStringLiteral("a.%1_status").arg(k),
+                             a(side.debtDate), a(side.debtNumber)));
+    branches.add(ofReturns, side.ret, QStringLiteral("2"), a(side.returnDate),
+                 QStringLiteral("a.gl_djh"),
+                 documentsOf(session, query, side, QStringLiteral("a.th_status"),
+                             a(side.returnDate), QStringLiteral("a.gl_djh")));
+    const QString down = directionOf(query);
     return session.db().rows(
-        QStringLiteral("select d.*,p.%1_name as partner_name,p.%1_jm as partner_jm,u.u_name,"
-                       "c.ck_name from (%2 union all %3) d")
-                .arg(side.prefix, ofDebts, ofReturns) +
-            joinPartner(side, QStringLiteral("d.partner")) +
-            QStringLiteral("left join jxc_user u on u.u_sn=d.u_sn left join jxc_ckxx c on "
-                           "c.ck_sn=d.ck_sn where %1 order by d.rq%2,d.dsort%2,d.djh%2")
-                .arg(partner.text(), down),
-        values);
+        QStringLiteral("select d.*,u.u_name,c.ck_name from (%1) d left join jxc_user u on "
+                       "u.u_sn=d.u_sn left join jxc_ckxx c on c.ck_sn=d.ck_sn order by "
+                       "d.rq%2,d.dsort,d.djh%2")
+            .arg(branches.text() + limitOf(query), down),
+        branches.values());
 }
 
 Rows statementGoods(const Session &session, const StatementQuery &query) {
@@ -140,15 +191,22 @@ Rows statementGoods(const Session &session, const StatementQuery &query) {
 
 Rows statementLines(const Session &session, const StatementQuery &query) {
     const Side &side = sideOf(query.kind);
-    const Where where = linesOf(session, query, side);
-    const QString down = query.newestFirst ? QStringLiteral(" desc") : QString();
+    Where where = linesOf(session, query, side);
+    if (query.after) {
+        const QString day = query.after->text(u"gl_kdrq");
+        where.add(QStringLiteral("(a.gl_kdrq%1? or (a.gl_kdrq=? and a.id%1?))")
+                      .arg(query.newestFirst ? QStringLiteral("<") : QStringLiteral(">")),
+                  {day, day, query.after->integer(u"id")});
+    }
+    const QString down = directionOf(query);
     const Rows rows = session.db().rows(
         QStringLiteral("select a.id,a.gl_kdrq,a.gl_djh,a.gl_flag,a.ghs_sn as partner,a.ghs_name as "
                        "partner_name,a.ck_name,a.g_sn,a.g_name,a.gg_name,a.dw_name,a.gl_sl,a.gl_dj,"
                        "a.gl_taxdj,a.gl_zje,a.gl_je,a.gl_taxje,a.gl_lr,a.t_ph,a.u_name,a.gl_bz "
                        "from jxc_goodslist a") +
             joinPartner(side, QStringLiteral("a.ghs_sn")) +
-            QStringLiteral("where %1 order by a.gl_kdrq%2,a.id%2").arg(where.text(), down),
+            QStringLiteral("where %1 order by a.gl_kdrq%2,a.id%2").arg(where.text(), down) +
+            limitOf(query),
         where.values());
     if (rows.empty())
         return {};

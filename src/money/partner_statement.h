@@ -3,6 +3,8 @@
 #include "db/row.h"
 #include "money/partner_ledger.h"
 
+#include <optional>
+
 namespace jxc {
 
 class Session;
@@ -19,11 +21,17 @@ struct StatementQuery {
     /// Amounts of returned documents with a minus, so that the sums are net; otherwise as they
     /// stand on the document.
     bool netted = false;
+
+    // For long statements, that are read in pieces: at most so many rows (0: all), those that
+    // follow the last row of the piece before.
+    int most = 0;
+    std::optional<Row> after{};
 };
 
 // Each is one statement. Nothing is written.
 
-/// 往来单据: every approved document that made or lowered a debt, debts before returns on one day:
+/// 往来单据: every approved document that made or lowered a debt, by date, debts before returns on
+/// one day (also with the newest first), then by number:
 /// djh partner partner_name partner_jm ck_sn ck_name rq yfje sfje wfje yhje fktype u_sn u_name
 /// dnote a_name dsort ("1" debt, "2" return) checker chkrq hkje yf bzf yffs.
 [[nodiscard]] Rows statementDocuments(const Session &session, const StatementQuery &query);

@@ -30,13 +30,14 @@ void takeOwnSettings(CounterSettings &s, Database &db) {
 void takeParameters(CounterSettings &s, Database &db) {
     const auto row =
         db.row(QStringLiteral("select cs_posdj,cs_posblur,cs_poshooktoday,cs_possk,cs_posfkws,"
-                              "cs_zdzk from jxc_xtcs"));
+                              "cs_zdzk,cs_wxzf from jxc_xtcs"));
     if (!row)
         return;
     s.pricesEditable = row->flag(u"cs_posdj");
     s.listsMatches = row->flag(u"cs_posblur");
     s.onlyTodaysHeld = row->flag(u"cs_poshooktoday");
     s.memberRequired = row->flag(u"cs_possk");
+    s.chargesWallets = row->flag(u"cs_wxzf");
     s.dueDecimals = decimalsOf(*row, u"cs_posfkws");
     s.lowestDiscount = row->decimal(u"cs_zdzk");
 }

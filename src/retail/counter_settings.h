@@ -33,6 +33,7 @@ struct CounterSettings {
     bool listsMatches = true;    ///< cs_posblur
     bool onlyTodaysHeld = true;  ///< cs_poshooktoday
     bool memberRequired = false; ///< cs_possk
+    bool chargesWallets = false; ///< cs_wxzf: through the payment gateway
     Decimal lowestDiscount;      ///< cs_zdzk, 0 for any
     Decimal mostRounding;        ///< a_zreoje of the operator, 0 for any
 

@@ -16,6 +16,9 @@ void memberUsable(const Session &session, const Member &member);
 /// Throws Refusal.
 void checkMemberPassword(const Member &member, const QString &typed);
 
+/// Signs that a card's password may have.
+inline constexpr int memberPasswordLength = 16;
+
 // What is done to a card from the list of members; members by their key. Each is one action and
 // logged.
 

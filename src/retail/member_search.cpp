@@ -72,7 +72,8 @@ Rows containing(const Session &session, const QString &text, int most) {
 
 /// Nobody has that name or number: perhaps another reading of its characters was meant.
 Rows readOtherwise(const Session &session, const QString &text, int most) {
-    Rows rows;
+    if (pinyinInitials(text).isEmpty())
+        return {}; // of signs alone, which any name would begin with
     QStringList keys;
     for (const Row &row : session.db().rows(
              QStringLiteral("select hy_sn,hy_name from jxc_hyxx where hy_sn<>? order by id"),
@@ -80,7 +81,7 @@ Rows readOtherwise(const Session &session, const QString &text, int most) {
         if (keys.size() < most && initialsMatch(row.text(u"hy_name"), text))
             keys << row.text(u"hy_sn");
     if (keys.isEmpty())
-        return rows;
+        return {};
     Where where;
     where.addOneOf(QStringLiteral("m.hy_sn"), keys);
     return read(session, where, QStringLiteral("m.id"), {}, most);

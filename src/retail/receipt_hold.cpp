@@ -71,6 +71,12 @@ void dropRunning(Session &session) {
                          {running, session.currentOperatorName, workstation(session)});
 }
 
+void drawNumber(Session &session, Receipt &receipt) {
+    if (receipt.number.isEmpty())
+        receipt.number = newDocNumber(session, QStringLiteral("jxc_lsxsd"),
+                                      QStringLiteral("gl_djh"), QStringLiteral("XS"));
+}
+
 } // namespace
 
 Outcome holdReceipt(Session &session, Prompter &prompter, Receipt &receipt) {
@@ -79,9 +85,7 @@ Outcome holdReceipt(Session &session, Prompter &prompter, Receipt &receipt) {
         kept = receipt;
         if (kept.lines.empty())
             throw Refusal(QStringLiteral("没有商品，不能挂单！"));
-        if (kept.number.isEmpty())
-            kept.number = newDocNumber(session, QStringLiteral("jxc_lsxsd"),
-                                       QStringLiteral("gl_djh"), QStringLiteral("XS"));
+        drawNumber(session, kept);
         dropKeptReceipt(session, kept.number);
         storeLines(session, kept, held);
     });
@@ -131,6 +135,12 @@ void keepRunningReceipt(Session &session, const Receipt &receipt) {
     dropRunning(session);
     storeLines(session, receipt, running);
     transaction.commit();
+}
+
+void reserveNumber(Session &session, Receipt &receipt) {
+    drawNumber(session, receipt);
+    dropRunning(session);
+    storeLines(session, receipt, running);
 }
 
 std::optional<Receipt> runningReceipt(Session &session) {

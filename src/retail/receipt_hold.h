@@ -31,6 +31,9 @@ Outcome recallReceipt(Session &session, Prompter &prompter, const QString &numbe
 void keepRunningReceipt(Session &session, const Receipt &receipt);
 /// What was being rung up when the program last ended here; nothing when it ended in order.
 [[nodiscard]] std::optional<Receipt> runningReceipt(Session &session);
+/// Draws the number of a receipt that has none yet and keeps the receipt under it: inside the
+/// transaction of the caller.
+void reserveNumber(Session &session, Receipt &receipt);
 /// Forgets it, and what is held under the number: inside the transaction that posts the receipt.
 void dropKeptReceipt(Session &session, const QString &number);
 

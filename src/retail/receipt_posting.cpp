@@ -2,6 +2,7 @@
 
 #include "core/rights.h"
 #include "core/session.h"
+#include "retail/member_card.h"
 #include "retail/receipt_hold.h"
 #include "retail/receipt_rows.h"
 #include "stock/draft.h"
@@ -127,6 +128,17 @@ void checkAllowed(const Session &session, const CounterSettings &settings, const
         throw Refusal(QStringLiteral("折扣不能低于%1！").arg(settings.lowestDiscount.toText()));
 }
 
+/// The card is held against what it holds now, not against what the till saw when its owner came.
+void checkCard(Session &session, const Receipt &receipt, Tender &tender) {
+    if (receipt.member.isEmpty())
+        return;
+    const Member member = loadMember(session.db(), receipt.member);
+    memberUsable(session, member);
+    if (tender.other.storedValue.isPositive())
+        checkMemberPassword(member, tender.cardPassword);
+    tender.memberBalance = member.value;
+}
+
 } // namespace
 
 std::vector<size_t> linesToAllow(const Session &session, const CounterSettings &settings,
@@ -146,9 +158,10 @@ std::vector<size_t> linesToAllow(const Session &session, const CounterSettings &
 }
 
 PostedReceipt postReceiptInTransaction(Session &session, Answers &answers, const Receipt &receipt,
-                                       const Tender &tender) {
+                                       Tender tender) {
     const CounterSettings settings = CounterSettings::load(session);
     checkAllowed(session, settings, receipt);
+    checkCard(session, receipt, tender);
     PostedReceipt posted{{}, checkTender(settings, receipt, tender)};
     Draft draft = draftOf(session, settings, receipt, tender, posted.outcome);
     saveDraftInTransaction(session, answers, draft);

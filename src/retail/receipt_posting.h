@@ -26,6 +26,6 @@ Outcome postReceipt(Session &session, Prompter &prompter, const Receipt &receipt
 
 /// The same inside a transaction that is open.
 [[nodiscard]] PostedReceipt postReceiptInTransaction(Session &session, Answers &answers,
-                                                     const Receipt &receipt, const Tender &tender);
+                                                     const Receipt &receipt, Tender tender);
 
 } // namespace jxc

@@ -2,7 +2,7 @@
 
 #include "core/rights.h"
 #include "core/session.h"
-#include "retail/counter_members.h"
+#include "retail/receipt_copy.h"
 #include "retail/receipt_rows.h"
 #include "stock/amounts.h"
 #include "stock/document_kind.h"
@@ -139,8 +139,8 @@ Draft draftOf(Session &session, const CounterReturn &r, const Tender &refund,
     return draft;
 }
 
-void postInTransaction(Session &session, Answers &answers, const CounterMembers &members,
-                       const CounterReturn &r, const Tender &refund, QString *number) {
+void postInTransaction(Session &session, Answers &answers, const CounterReturn &r,
+                       const Tender &refund, QString *number) {
     const CounterSettings settings = CounterSettings::load(session);
     checkReturn(session, r);
     const Decimal total = r.total(settings.amountDecimals);
@@ -153,8 +153,8 @@ void postInTransaction(Session &session, Answers &answers, const CounterMembers 
             sold.push_back(l.sold);
     const QString note = r.receipt.isEmpty() ? QString() : QStringLiteral("原单") + r.receipt;
     writeReturn(session, {draft.number, note, refund, outcome}, sold);
-    if (!r.member.isEmpty())
-        members.returnWritten(session, draft.number);
+    if (!r.member.isEmpty()) // before the approval, which posts the member by this copy
+        writeReturnCopy(session.db(), draft.number);
     approveAtCounter(session, answers, draft.number);
     moveReceiptTenders(session, draft.number, refund.other, -1);
     *number = draft.number;
@@ -203,14 +203,21 @@ CounterReturn returnOf(Session &session, const QString &receipt) {
     return r;
 }
 
+Rows batchesToReturnTo(const Session &session, const QString &goods, const QString &warehouse) {
+    return session.db().rows(
+        QStringLiteral("select t_ph,t_scrq,t_yxq,t_sl from jxc_tkc where g_sn=? and ck_sn=? and "
+                       "t_ph<>'' order by id desc"),
+        {goods, warehouse});
+}
+
 bool mayReturn(const Session &session) {
     return hasRight(session, u"xsgl", 2);
 }
 
-Outcome postReturn(Session &session, Prompter &prompter, const CounterMembers &members,
-                   const CounterReturn &goodsBack, const Tender &refund, QString *number) {
+Outcome postReturn(Session &session, Prompter &prompter, const CounterReturn &goodsBack,
+                   const Tender &refund, QString *number) {
     return runAction(session.db(), prompter, [&](Answers &answers) {
-        postInTransaction(session, answers, members, goodsBack, refund, number);
+        postInTransaction(session, answers, goodsBack, refund, number);
     });
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "core/action.h"
+#include "db/row.h"
 #include "retail/tender.h"
 
 namespace jxc {
 
-class CounterMembers;
 class Session;
 
 /// Goods that a customer brings back to the counter.
@@ -40,13 +40,18 @@ struct CounterReturn {
 /// cancelled receipt and for one that was returned wholly.
 [[nodiscard]] CounterReturn returnOf(Session &session, const QString &receipt);
 
+/// Batches that goods without a receipt may have come from, the newest first: t_ph t_scrq t_yxq
+/// t_sl; sold out ones are among them.
+[[nodiscard]] Rows batchesToReturnTo(const Session &session, const QString &goods,
+                                     const QString &warehouse);
+
 /// Whether the cashier may take goods back himself (xsgl 2).
 [[nodiscard]] bool mayReturn(const Session &session);
 
 /// Takes goods back in one transaction: the approved sales return, the rows of the counter, stock
 /// and money. `refund` is what is paid back (all positive); with a named customer the rest lowers
 /// his debt.
-Outcome postReturn(Session &session, Prompter &prompter, const CounterMembers &members,
-                   const CounterReturn &goodsBack, const Tender &refund, QString *number);
+Outcome postReturn(Session &session, Prompter &prompter, const CounterReturn &goodsBack,
+                   const Tender &refund, QString *number);
 
 } // namespace jxc

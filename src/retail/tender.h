@@ -13,6 +13,7 @@ struct Tender {
     Decimal rounding{}; ///< pos_mlje, the odd cents that are let go
     /// Stored on the member's card, to be held against what is taken from it.
     Decimal memberBalance{};
+    QString cardPassword{}; ///< as the member typed it, when value leaves the card
     QString walletKind{}, walletTransaction{}; ///< pos_zftype, pos_transactionid
 
     [[nodiscard]] Decimal sum() const { return cash + other.sum(); }

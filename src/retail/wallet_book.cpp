@@ -67,7 +67,8 @@ void refuseSecond(Database &db, const WalletOrder &order) {
 Assignments newRow(const Session &session, const QString &flag, const QString &service,
                    const WalletAttempt &attempt) {
     return {
-        {QStringLiteral("gl_djh"), fitted(table, u"gl_djh", attempt.number)},
+        // A receipt may be charged more than once, "number-1", "number-2": it stands under its own.
+        {QStringLiteral("gl_djh"), fitted(table, u"gl_djh", attempt.number.section(u'-', 0, 0))},
         {QStringLiteral("out_trade_no"), attempt.number},
         {QStringLiteral("total_fee"), attempt.amount},
         {QStringLiteral("mch_id"), fitted(table, u"mch_id", attempt.merchant.number)},

@@ -3,7 +3,7 @@
 #include "core/action.h"
 #include "db/database.h"
 #include "stock/document.h"
-#include "stock/document_kind.h"
+#include "stock/goods_of.h"
 
 namespace jxc {
 
@@ -11,20 +11,12 @@ namespace {
 
 /// Whether a stocktaking of the document's warehouse counts any of its goods.
 bool countsGoodsOf(Database &db, const Document &d, const QString &condition) {
-    const DocumentKind &kind = d.kind;
-    QString goods =
-        QStringLiteral("select g_sn from %1 where %2=?").arg(kind.lineTable, kind.numberColumn);
-    Values values{d.warehouse, d.date, d.number};
-    if (kind.headerHasGoods) {
-        goods += QStringLiteral(" union select g_sn from %1 where %2=?")
-                     .arg(kind.headerTable, kind.numberColumn);
-        values.emplace_back(d.number);
-    }
+    const GoodsOf goods(d.kind, d.number);
     return db.exists(
         QStringLiteral("select a.pd_status from jxc_kcpd a,jxc_kcpdsp b where "
-                       "a.gl_djh=b.gl_djh and a.ck_sn=? and %1 and b.g_sn in (%2) limit 1")
-            .arg(condition, goods),
-        values);
+                       "a.gl_djh=b.gl_djh and a.ck_sn=? and %1 and b.g_sn in %2 limit 1")
+            .arg(condition, goods.set),
+        goods.after({d.warehouse, d.date}));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "core/parameters.h"
 #include "db/database.h"
 #include "stock/document_kind.h"
+#include "stock/goods_of.h"
 
 namespace jxc {
 
@@ -43,11 +44,12 @@ std::map<BatchOfGoods, Decimal> taken(Database &db, const DocumentKind &kind,
 std::map<BatchOfGoods, Decimal> held(Database &db, const DocumentKind &kind, const QString &number,
                                      const QString &warehouse) {
     std::map<BatchOfGoods, Decimal> stock;
+    const GoodsOf goods(kind, number);
     for (const Row &row :
          db.rows(QStringLiteral("select g_sn,t_ph,t_yxq,t_scrq,t_sl from jxc_tkc where "
-                                "ck_sn=? and g_sn in (select g_sn from %1 where %2=?)")
-                     .arg(kind.lineTable, kind.numberColumn),
-                 {warehouse, number}))
+                                "ck_sn=? and g_sn in %1")
+                     .arg(goods.set),
+                 goods.after({warehouse})))
         stock[{row.text(u"g_sn"), batchOf(row)}] += row.decimal(u"t_sl");
     return stock;
 }

@@ -5,6 +5,7 @@
 #include "core/approval.h"
 #include "db/database.h"
 #include "stock/document_kind.h"
+#include "stock/goods_of.h"
 
 namespace jxc {
 
@@ -30,20 +31,13 @@ std::optional<QString> nameOf(Database &db, const QString &sql, const QString &n
 }
 
 QHash<QString, GoodsCopy> loadGoods(Database &db, const DocumentKind &kind, const QString &number) {
-    QString ofDocument =
-        QStringLiteral("select g_sn from %1 where %2=?").arg(kind.lineTable, kind.numberColumn);
-    Values values{number};
-    if (kind.headerHasGoods) {
-        ofDocument += QStringLiteral(" union select g_sn from %1 where %2=?")
-                          .arg(kind.headerTable, kind.numberColumn);
-        values.emplace_back(number);
-    }
+    const GoodsOf named(kind, number);
     QHash<QString, GoodsCopy> goods;
     for (const Row &row :
          db.rows(QStringLiteral("select g_sn,g_name,g_jm,dw_name,gg_name,color_name,g_pjjj,"
-                                "g_lsj from jxc_goods where g_sn in (%1)")
-                     .arg(ofDocument),
-                 values))
+                                "g_lsj from jxc_goods where g_sn in %1")
+                     .arg(named.set),
+                 named.values))
         goods.insert(row.text(u"g_sn"),
                      {row.text(u"g_name"), row.text(u"g_jm"), row.text(u"dw_name"),
                       row.text(u"gg_name"), row.text(u"color_name"), row.decimal(u"g_pjjj"),

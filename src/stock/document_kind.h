@@ -60,6 +60,8 @@ struct DocumentKind {
 
     /// What has to be settled before anything is written, beyond what all kinds check.
     void (*check)(Session &, const Document &) = nullptr;
+    /// What cancelling does not undo, told with the question; null for kinds where it undoes all.
+    QString (*cancelWarning)(Database &, const QString &number) = nullptr;
     /// Marks the lines at approval and at cancelling.
     void (*markApproved)(Database &, const QString &number) = nullptr;
     void (*markCancelled)(Database &, const QString &number) = nullptr;

@@ -80,6 +80,22 @@ void markCancelled(Database &db, const QString &number) {
     db.execute(QStringLiteral("delete from jxc_posxssp where gl_djh=?"), {number});
 }
 
+/// What a wallet paid is the provider's to give back.
+QString cancelWarning(Database &db, const QString &number) {
+    Decimal paid;
+    for (const QString &sql :
+         {QStringLiteral("select pos_wxje,pos_zfbje from jxc_posxsd where gl_djh=?"),
+          QStringLiteral("select total_fee as pos_wxje,0 as pos_zfbje from jxc_wxfk where gl_djh=? "
+                         "and wx_flag='fk' and coalesce(err_code,'')=''")})
+        if (paid.isZero())
+            for (const Row &row : db.rows(sql, {number}))
+                paid += row.decimal(u"pos_wxje") + row.decimal(u"pos_zfbje");
+    if (paid.isZero())
+        return {};
+    return QStringLiteral("微信或支付宝已收的%1元不会自动退还，请另行退给顾客！")
+        .arg(paid.toText(2));
+}
+
 } // namespace
 
 DocumentKind saleKind() {
@@ -122,6 +138,7 @@ DocumentKind saleKind() {
     k.onCancelling = {0, -1, false, false};
     k.headerZeroes = {QStringLiteral("ls_dhbz"), QStringLiteral("ls_hkje")};
     k.check = checkQuantityLimit;
+    k.cancelWarning = cancelWarning;
     k.markApproved = markApproved;
     k.markCancelled = markCancelled;
     k.movements = movements;

@@ -197,7 +197,8 @@ void cancelInTransaction(Session &session, Answers &answers, const QString &numb
     checkCancelRight(session, d);
     checkFollowers(db, d);
     checkPdBeforeCancel(db, number);
-    confirmCancelling(answers, number);
+    confirmCancelling(answers, number,
+                      kind.cancelWarning != nullptr ? kind.cancelWarning(db, number) : QString());
 
     const Parameters parameters = Parameters::load(db);
     takeBackMovements(session, parameters, d);

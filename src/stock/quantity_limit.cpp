@@ -5,6 +5,7 @@
 #include "db/database.h"
 #include "stock/document.h"
 #include "stock/document_kind.h"
+#include "stock/goods_of.h"
 
 #include <map>
 
@@ -14,11 +15,12 @@ void checkQuantityLimit(Session &session, const Document &d) {
     std::map<QString, Decimal> sold;
     for (const Row &line : d.lines)
         sold[line.text(u"g_sn")] += line.decimal(d.kind.quantityColumn);
-    for (const Row &goods : session.db().rows(
-             QStringLiteral("select g_sn,g_name,g_xzsl from jxc_goods where g_xzsl>0 and g_sn in "
-                            "(select g_sn from %1 where %2=?) order by g_sn")
-                 .arg(d.kind.lineTable, d.kind.numberColumn),
-             {d.number})) {
+    const GoodsOf named(d.kind, d.number);
+    for (const Row &goods :
+         session.db().rows(QStringLiteral("select g_sn,g_name,g_xzsl from jxc_goods where "
+                                          "g_xzsl>0 and g_sn in %1 order by g_sn")
+                               .arg(named.set),
+                           named.values)) {
         const Decimal limit = goods.decimal(u"g_xzsl");
         if (sold[goods.text(u"g_sn")] <= limit)
             continue;

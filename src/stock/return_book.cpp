@@ -27,6 +27,28 @@ Batch batchOf(const Row &row) {
     return Batch{row.text(u"t_ph"), row.text(u"t_yxq"), row.text(u"t_scrq")}.normalised();
 }
 
+/// What lines of returns have taken back, found by a condition on them (a) and their headers (b);
+/// of one document, or of all for an empty number.
+std::map<ReturnKey, Decimal> returnedBy(Database &db, const ReturnSide &s, const QString &condition,
+                                        Values values, const QString &number) {
+    // A range, not a pattern: the notes are found by their index.
+    const QString from = QStringLiteral("原单") + number;
+    values.insert(values.end(), {from, from + QChar(0xFFFF)});
+    std::map<ReturnKey, Decimal> returned;
+    for (const Row &row :
+         db.rows(QStringLiteral("select a.g_sn,a.dw_name,a.t_ph,a.t_yxq,a.t_scrq,a.th_sl,a.th_bz "
+                                "from %1 a,%2 b where a.gl_djh=b.gl_djh and %3 and a.th_bz>=? and "
+                                "a.th_bz<?")
+                     .arg(s.returnLines, s.returnHeader, condition),
+                 values)) {
+        const TiedNote tied = readTiedNote(row.text(u"th_bz"));
+        if (!tied.number.isEmpty())
+            returned[{tied.number, row.text(u"g_sn"), row.text(u"dw_name"), batchOf(row)}] +=
+                row.decimal(u"th_sl");
+    }
+    return returned;
+}
+
 } // namespace
 
 const ReturnSide &returnSide(const QString &returnCode) {
@@ -40,34 +62,27 @@ const ReturnSide &returnSide(const QString &returnCode) {
 std::map<ReturnKey, Decimal> returnedByPartner(Database &db, const ReturnSide &s,
                                                const QString &partner,
                                                const QString &exceptReturn) {
-    std::map<ReturnKey, Decimal> returned;
-    for (const Row &row :
-         db.rows(QStringLiteral("select a.g_sn,a.dw_name,a.t_ph,a.t_yxq,a.t_scrq,a.th_sl,a.th_bz "
-                                "from %1 a,%2 b where a.gl_djh=b.gl_djh and b.%3=? and a.gl_djh<>? "
-                                "and a.th_bz like '原单%'")
-                     .arg(s.returnLines, s.returnHeader, s.partner),
-                 {partner, exceptReturn})) {
-        const TiedNote tied = readTiedNote(row.text(u"th_bz"));
-        if (!tied.number.isEmpty())
-            returned[{tied.number, row.text(u"g_sn"), row.text(u"dw_name"), batchOf(row)}] +=
-                row.decimal(u"th_sl");
-    }
-    return returned;
+    return returnedBy(db, s, QStringLiteral("b.%1=? and a.gl_djh<>?").arg(s.partner),
+                      {partner, exceptReturn}, {});
 }
 
 Decimal ReturnBook::returnable(const ReturnKey &key) {
-    if (!m_returnedRead) {
-        m_returned = returnedByPartner(m_db, m_side, m_partner, m_exceptReturn);
-        m_returnedRead = true;
-    }
-    if (!m_documents.contains(key.number))
+    if (!m_documents.contains(key.number)) {
         readDocument(key.number);
+        readReturned(key.number);
+    }
     const auto &document = m_documents[key.number];
     const auto traded = document.find(key);
     if (traded == document.end())
         return {};
     const auto returned = m_returned.find(key);
     return returned == m_returned.end() ? traded->second : traded->second - returned->second;
+}
+
+void ReturnBook::readReturned(const QString &number) {
+    m_returned.merge(returnedBy(m_db, m_side,
+                                QStringLiteral("b.%1=? and a.gl_djh<>?").arg(m_side.partner),
+                                {m_partner, m_exceptReturn}, number));
 }
 
 void ReturnBook::readDocument(const QString &number) {

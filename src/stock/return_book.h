@@ -38,13 +38,13 @@ public:
 
 private:
     void readDocument(const QString &number);
+    void readReturned(const QString &number);
 
     Database &m_db;
     const ReturnSide &m_side;
     QString m_partner, m_exceptReturn;
     std::map<QString, std::map<ReturnKey, Decimal>> m_documents;
     std::map<ReturnKey, Decimal> m_returned;
-    bool m_returnedRead = false;
 };
 
 } // namespace jxc

@@ -2,34 +2,27 @@
 
 #include "db/database.h"
 #include "stock/document.h"
+#include "stock/goods_of.h"
 #include "stock/journal_kinds.h"
 
 namespace jxc {
 
 StockBook::StockBook(Database &db, const Document &document)
     : m_db(db) {
-    const DocumentKind &kind = document.kind;
-    QString goods =
-        QStringLiteral("select g_sn from %1 where %2=?").arg(kind.lineTable, kind.numberColumn);
-    Values values{document.number};
-    if (kind.headerHasGoods) {
-        goods += QStringLiteral(" union select g_sn from %1 where %2=?")
-                     .arg(kind.headerTable, kind.numberColumn);
-        values.emplace_back(document.number);
-    }
+    const GoodsOf goods(document.kind, document.number);
     for (const Row &row :
          db.rows(QStringLiteral("select id,g_sn,ck_sn,kc_sl,kc_zsl,kc_xssl,kc_cbj from "
-                                "jxc_kcsp where g_sn in (%1) order by id")
-                     .arg(goods),
-                 values))
+                                "jxc_kcsp where g_sn in %1 order by id")
+                     .arg(goods.set),
+                 goods.values))
         m_stock.try_emplace({row.text(u"g_sn"), row.text(u"ck_sn")},
                             Stock{row.integer(u"id"), row.decimal(u"kc_sl"), row.decimal(u"kc_zsl"),
                                   row.decimal(u"kc_xssl"), row.decimal(u"kc_cbj")});
     for (const Row &row :
          db.rows(QStringLiteral("select id,g_sn,g_kc,g_pjjj,g_scjj,g_cgpl,g_xspl,ghs_sn "
-                                "from jxc_goods where g_sn in (%1) order by id desc")
-                     .arg(goods),
-                 values))
+                                "from jxc_goods where g_sn in %1 order by id desc")
+                     .arg(goods.set),
+                 goods.values))
         m_goods.insert(row.text(u"g_sn"),
                        Goods{row.integer(u"id"), row.decimal(u"g_kc"), row.decimal(u"g_pjjj"),
                              row.decimal(u"g_scjj"), row.integer(u"g_cgpl"), row.integer(u"g_xspl"),

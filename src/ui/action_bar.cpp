@@ -88,16 +88,20 @@ QAction *ActionBar::add(const QString &name, const QString &caption, const QKeyS
     const QString hint = key.toString(QKeySequence::PortableText);
     button->setText(hint.isEmpty() ? caption : QStringLiteral("%1 %2").arg(caption, hint));
     // The action's own text would come back at every change of it.
-    connect(action, &QAction::changed, button, [button, action, hint] {
+    connect(action, &QAction::changed, button, [this, button, action, hint] {
         button->setText(hint.isEmpty() ? action->text()
                                        : QStringLiteral("%1 %2").arg(action->text(), hint));
         button->setVisible(action->isVisible());
+        if (isVisible())
+            arrange(); // the others get its room, or give theirs
     });
     insert(button);
     return action;
 }
 
 void ActionBar::addSeparator() {
+    if (m_layout->count() - 1 - m_right == 0)
+        return; // there is nothing to part
     auto *line = new QFrame(this);
     line->setFrameShape(QFrame::VLine);
     line->setFixedHeight(20);

@@ -21,6 +21,7 @@ public:
     /// The button follows its action: text, enabled, visible. Without a key it is for the mouse.
     QAction *add(const QString &name, const QString &caption, const QKeySequence &key,
                  std::function<void()> run);
+    /// Parts what follows from what stands before it, if there is anything.
     void addSeparator();
     /// Marks a place among the actions; after goToPlace() further ones come there. So a form that
     /// is built on another can put its own actions where they belong.

@@ -14,6 +14,7 @@
 #include "ui/period_bar.h"
 #include "ui/pick_field.h"
 #include "ui/pick_sources.h"
+#include "ui/piece_reader.h"
 #include "ui/progress.h"
 #include "ui/row_list.h"
 
@@ -25,14 +26,6 @@
 #include <QTimer>
 
 namespace jxc {
-
-namespace {
-
-// A piece that fills the screen at once, and such that no key waits for.
-constexpr int firstPiece = 1000;
-constexpr int furtherPiece = 4000;
-
-} // namespace
 
 DocumentList::DocumentList(const FormContext &context, const DocumentFormSpec &spec,
                            QWidget *parent)
@@ -49,12 +42,10 @@ DocumentList::DocumentList(const FormContext &context, const DocumentFormSpec &s
     , m_goods(new PickField(goodsSource(context, spec.isSale(), [] { return QString(); }),
                             Formats(context.session.parameters), this))
     , m_grid(new Grid(context, spec.formClass, headColumns(), this))
-    , m_lines(
-          new Grid(context, spec.formClass + QStringLiteral("_Detail"), lineColumnsOfKind(), this))
-    , m_reading(new QTimer(this)) {
+    , m_lines(new Grid(context, spec.formClass + QStringLiteral("_Detail"), lineColumnsOfKind(),
+                       this)) {
     build();
-    m_reading->setInterval(0);
-    connect(m_reading, &QTimer::timeout, this, &DocumentList::readOn);
+    connect(&m_grid->pieces(), &PieceReader::whole, this, &DocumentList::showCount);
     // Kinds of their own add tabs and actions once they are whole.
     QTimer::singleShot(0, this, [this] { m_grid->setOwnActions(actions()); });
 }
@@ -175,10 +166,7 @@ void DocumentList::addActions() {
     m_actions->addSeparator();
     add("btnPrint", QStringLiteral("打印"), Qt::Key_F12, &DocumentList::btnPrintClick);
     addAction(QStringLiteral("btnExport"), QStringLiteral("导出"),
-              QKeySequence(QStringLiteral("Ctrl+E")), [this] {
-                  finishReading();
-                  m_grid->chooseExport();
-              });
+              QKeySequence(QStringLiteral("Ctrl+E")), [this] { m_grid->chooseExport(); });
     addAction(QStringLiteral("btnExit"), QStringLiteral("退出"), {}, [this] { reject(); });
     if (m_spec.hasMoney) {
         auto *history = new QAction(QStringLiteral("历史价格"), this);
@@ -307,27 +295,14 @@ void DocumentList::refresh() {
         return;
     }
     const QString stay = m_goTo.isEmpty() ? currentNumber() : std::exchange(m_goTo, {});
-    m_lastId = 0;
-    Rows first = readPiece(firstPiece);
-    const bool more = first.size() == firstPiece;
-    m_grid->setRows(std::move(first));
+    m_grid->pieces().start(
+        [this](int most, const Row *last) { return readPiece(most, last == nullptr); });
     m_grid->goTo(u"number", stay);
     showCount();
-    if (!more) {
-        m_reading->stop();
-        return;
-    }
-    m_grid->appendRows({}); // the sums are not whole yet
-    m_reading->start();
 }
 
 bool DocumentList::isReading() const {
-    return m_reading->isActive();
-}
-
-void DocumentList::finishReading() {
-    while (isReading())
-        readOn();
+    return m_grid->pieces().isReading();
 }
 
 void DocumentList::showCount() {
@@ -336,18 +311,9 @@ void DocumentList::showCount() {
                            .arg(m_grid->model().rows().size()));
 }
 
-void DocumentList::readOn() {
-    Rows rows = readPiece(furtherPiece);
-    const bool more = rows.size() == furtherPiece;
-    m_grid->appendRows(std::move(rows));
-    if (more)
-        return;
-    m_reading->stop();
-    m_grid->finishRows();
-    showCount();
-}
-
-Rows DocumentList::readPiece(int most) {
+Rows DocumentList::readPiece(int most, bool isFirst) {
+    if (isFirst)
+        m_lastId = 0;
     DocumentFilter filter;
     filter.code = m_spec.code();
     filter.approved = showsApproved();
@@ -485,7 +451,7 @@ void DocumentList::btnCheckAllClick() {
         return;
     if (refuseWithout(m_spec.kind->approveRight, m_spec.title() + QStringLiteral("审核")))
         return;
-    finishReading();
+    m_grid->pieces().finish();
     QStringList numbers;
     for (int line = 0; line < m_grid->model().rowCount(); ++line)
         numbers.prepend(m_grid->model().at(line).text(u"number")); // oldest first

@@ -8,7 +8,6 @@
 
 class QLineEdit;
 class QTabBar;
-class QTimer;
 
 namespace jxc {
 
@@ -68,11 +67,7 @@ private:
     void build();
     void addActions();
     void refreshLines();
-    /// The next piece of a long list.
-    void readOn();
-    [[nodiscard]] Rows readPiece(int most);
-    /// Reads what is still to come, before something is done with all rows.
-    void finishReading();
+    [[nodiscard]] Rows readPiece(int most, bool isFirst);
     void showCount();
     [[nodiscard]] ColumnSpecs headColumns() const;
     [[nodiscard]] ColumnSpecs lineColumnsOfKind() const;
@@ -93,7 +88,6 @@ private:
     PickField *m_warehouse, *m_partner, *m_goods;
     Grid *m_grid, *m_lines;
     QPointer<DocumentEditor> m_editor;
-    QTimer *m_reading; ///< runs while pieces of the list are still to come
     QString m_lastDate;
     qint64 m_lastId = 0; ///< the last row read
     QString m_goTo;

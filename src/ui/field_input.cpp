@@ -87,7 +87,12 @@ void FieldInput::makeShown(QWidget *parent) {
         field->setAlignment(Qt::AlignRight);
     m_read = [field] { return field->text(); };
     m_show = [this, field](const Record &record) {
-        const QString text = record.text(m_field.column);
+        QString text = record.text(m_field.column);
+        for (const Choice &choice : m_field.choices)
+            if (m_field.kind == ValueKind::choice && choice.value == text) {
+                text = choice.caption;
+                break;
+            }
         const Formats formats(m_context.session.parameters);
         field->setText(isNumber(m_field.kind) ? formats.text(m_field.kind, figureOf(text)) : text);
     };

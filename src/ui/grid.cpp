@@ -5,6 +5,7 @@
 #include "ui/grid_export.h"
 #include "ui/grid_print.h"
 #include "ui/layout_store.h"
+#include "ui/piece_reader.h"
 #include "ui/sums_row.h"
 #include "ui/theme.h"
 
@@ -58,7 +59,8 @@ Grid::Grid(const FormContext &context, const QString &name, ColumnSpecs columns,
     , m_name(name)
     , m_model(new RowsModel({}, Formats(context.session.parameters), this))
     , m_view(new QTableView(this))
-    , m_filter(new QLineEdit(this)) {
+    , m_filter(new QLineEdit(this))
+    , m_pieces(new PieceReader(*this)) {
     m_view->setObjectName(name);
     m_view->setModel(m_model);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -117,6 +119,7 @@ void Grid::setColumns(ColumnSpecs columns) {
 }
 
 void Grid::setRows(Rows rows) {
+    m_pieces->stop();
     m_model->setFormats(Formats(m_context.session.parameters));
     m_model->setRows(std::move(rows));
     if (!m_view->currentIndex().isValid() && m_model->rowCount() > 0)
@@ -251,14 +254,17 @@ void Grid::copySelection() const {
 }
 
 void Grid::exportTo(const QString &file) {
+    m_pieces->finish();
     exportAndTell(picture(), m_context, file);
 }
 
 void Grid::chooseExport() {
+    m_pieces->finish();
     chooseExportFile(picture(), m_context, m_title.isEmpty() ? m_name : m_title, this);
 }
 
 void Grid::print() {
+    m_pieces->finish();
     previewGrid(picture(), m_context, this);
 }
 

@@ -10,6 +10,7 @@ class QLineEdit;
 
 namespace jxc {
 
+class PieceReader;
 class SumsRow;
 
 /// What a grid shows, for printing and export: the visible columns in their order.
@@ -34,7 +35,9 @@ public:
     /// Columns that the operator may not see are left out here, so that nothing leaks by export.
     void setColumns(ColumnSpecs columns);
     void setRows(Rows rows);
-    /// For lists so long that they are read in pieces: further rows, until finishRows().
+    /// For lists that may be long.
+    [[nodiscard]] PieceReader &pieces() { return *m_pieces; }
+    /// Further rows, until finishRows().
     void appendRows(Rows rows);
     void finishRows();
     [[nodiscard]] RowsModel &model() { return *m_model; }
@@ -94,6 +97,7 @@ private:
     QTableView *m_view;
     QLineEdit *m_filter;
     SumsRow *m_sums;
+    PieceReader *m_pieces;
     QList<QAction *> m_ownActions;
     bool m_layoutKept = false; ///< widths are the user's; do not stretch them
 };

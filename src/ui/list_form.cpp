@@ -70,7 +70,7 @@ QAction *ListForm::addAction(const QString &name, const QString &caption, const 
 void ListForm::addCommonActions() {
     m_actions->addSeparator();
     addAction(QStringLiteral("btnPrint"), QStringLiteral("打印"), Qt::Key_F12,
-              [this] { m_grid->print(); });
+              [this] { printList(); });
     addAction(QStringLiteral("btnExport"), QStringLiteral("导出"),
               QKeySequence(QStringLiteral("Ctrl+E")), [this] { m_grid->chooseExport(); });
     // Esc also ends a filter or a search first, so it is no shortcut: the form hears it last.

@@ -35,6 +35,8 @@ protected:
                        std::function<void()> run, bool needsRow = false);
     /// 打印 F12, 导出 Ctrl+E, 退出 Esc; the last ones of every list.
     void addCommonActions();
+    /// F12: prints the list as it stands; a form with a template of its own prints that.
+    virtual void printList() { m_grid->print(); }
     [[nodiscard]] ActionBar &actions() { return *m_actions; }
     /// The line for period and filters, between buttons and grid.
     [[nodiscard]] QBoxLayout *filterLine() { return m_filters; }

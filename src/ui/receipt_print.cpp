@@ -90,6 +90,40 @@ PrintData receiptData(const Session &session, const PrintSettings &settings, con
     return data;
 }
 
+/// A line per figure.
+PrintData shiftData(const Session &session, const PrintSettings &settings, const EndedShift &ended,
+                    bool again) {
+    PrintData data = PrintData::of(session);
+    const auto amount = [](Decimal value) { return PrintValue(ValueKind::amount, value); };
+    const Handover &handover = ended.handover;
+    data.head = {{QStringLiteral("a_name"), ended.shift.figures.cashier},
+                 {QStringLiteral("jb_begintime"), ended.shift.begin},
+                 {QStringLiteral("jb_endtime"), ended.shift.end},
+                 {QStringLiteral("jb_nextuser"), handover.next},
+                 {QStringLiteral("jb_note"), handover.note},
+                 {QStringLiteral("jb_yjje"), amount(ended.shift.cashDue())},
+                 {QStringLiteral("jb_sjje"), amount(handover.handedIn)},
+                 {QStringLiteral("jb_xfje"), amount(handover.left)},
+                 {QStringLiteral("difference"), amount(handover.difference(ended.shift))}};
+    for (const auto &lines : {shiftLines(ended.shift), handoverLines(ended)})
+        for (const ShiftLine &line : lines)
+            if (line.isAlways || !line.amount.isZero())
+                data.lines.push_back({{QStringLiteral("caption"), line.caption},
+                                      {QStringLiteral("amount"), amount(line.amount)}});
+    data.vars = {{QStringLiteral("again"), again ? QStringLiteral("（重打）") : QString()},
+                 {QStringLiteral("bt1"), settings.title1}};
+    return data;
+}
+
+/// Something small that the counter prints with a template of its own.
+struct Slip {
+    QString templateFile;
+    PrintData data;
+    QString name;   ///< what it is called when it could not be printed: "小票XS26033110001"
+    QString number; ///< of the print job
+    int copies = 1;
+};
+
 /// Shows the receipt as it will be printed: Enter prints, Esc leaves it.
 bool previewAgrees(const Pages &pages, QPrinter &printer, QWidget *parent) {
     QDialog dialog(parent);
@@ -113,43 +147,54 @@ bool previewAgrees(const Pages &pages, QPrinter &printer, QWidget *parent) {
     return dialog.exec() == QDialog::Accepted;
 }
 
-/// Lays a paper out and prints it, after a preview where the shop wants one.
-QString printPaper(const FormContext &context, const PrintSettings &settings,
-                   const QString &templateFile, const PrintData &data, const QString &number,
-                   const QString &printerName, QWidget *parent) {
+QString printSlip(const FormContext &context, const PrintSettings &settings, const Slip &slip,
+                  const QString &printerName, QWidget *parent) {
     installTemplates(context.home);
-    const Pages pages = layOut(loadTemplate(context.home, templateFile), data);
+    const Pages pages = layOut(loadTemplate(context.home, slip.templateFile), slip.data);
     QPrinter printer(QPrinter::HighResolution);
     if (!printerName.isEmpty())
         printer.setPrinterName(printerName);
     if (settings.previews && !previewAgrees(pages, printer, parent))
         return {};
     if (printerName.isEmpty())
-        return QStringLiteral("没有找到打印机，小票%1没有打印，可以重打！").arg(number);
-    printer.setDocName(number);
-    printer.setCopyCount(settings.copies);
+        return QStringLiteral("没有找到打印机，%1没有打印，可以重打！").arg(slip.name);
+    printer.setDocName(slip.number);
+    printer.setCopyCount(slip.copies);
     if (sendToPrinter(pages, {}, printer))
         return {};
-    return QStringLiteral("打印机“%1”不能打印，小票%2没有打印，可以重打！")
-        .arg(printerName, number);
+    return QStringLiteral("打印机“%1”不能打印，%2没有打印，可以重打！").arg(printerName, slip.name);
 }
 
 } // namespace
 
 QString printReceiptByTemplate(const FormContext &context, const PrintSettings &settings,
-                               const ReceiptPaper &paper, const QString &printer, bool again,
+                               const ReceiptPaper &paper, const QString &printerName, bool again,
                                QWidget *parent) {
-    return printPaper(context, settings, QStringLiteral("posxsd.fr3"),
-                      receiptData(context.session, settings, paper, again), paper.number, printer,
-                      parent);
+    return printSlip(context, settings,
+                     {QStringLiteral("posxsd.fr3"),
+                      receiptData(context.session, settings, paper, again),
+                      QStringLiteral("小票") + paper.number, paper.number, settings.copies},
+                     printerName, parent);
 }
 
 QString printRechargeByTemplate(const FormContext &context, const PrintSettings &settings,
-                                const RechargePaper &paper, const QString &printer, bool again,
+                                const RechargePaper &paper, const QString &printerName, bool again,
                                 QWidget *parent) {
-    return printPaper(context, settings, QStringLiteral("hyxf.fr3"),
-                      rechargeData(context.session, settings, paper, again), paper.number, printer,
-                      parent);
+    return printSlip(context, settings,
+                     {QStringLiteral("hyxf.fr3"),
+                      rechargeData(context.session, settings, paper, again),
+                      QStringLiteral("小票") + paper.number, paper.number, settings.copies},
+                     printerName, parent);
+}
+
+QString printShiftByTemplate(const FormContext &context, const PrintSettings &settings,
+                             const EndedShift &ended, const QString &printerName, bool again,
+                             QWidget *parent) {
+    return printSlip(context, settings,
+                     {QStringLiteral("poshb.fr3"),
+                      shiftData(context.session, settings, ended, again), QStringLiteral("交班单"),
+                      QStringLiteral("交班单") + ended.shift.end},
+                     printerName, parent);
 }
 
 } // namespace jxc

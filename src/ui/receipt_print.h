@@ -3,6 +3,7 @@
 #include "retail/print_settings.h"
 #include "retail/receipt_paper.h"
 #include "retail/recharge_paper.h"
+#include "retail/shift_paper.h"
 #include "ui/form.h"
 
 namespace jxc {
@@ -18,5 +19,10 @@ namespace jxc {
                                               const PrintSettings &settings,
                                               const RechargePaper &paper, const QString &printer,
                                               bool again, QWidget *parent);
+
+/// The slip of a change of shift with its template (poshb.fr3), likewise.
+[[nodiscard]] QString printShiftByTemplate(const FormContext &context,
+                                           const PrintSettings &settings, const EndedShift &ended,
+                                           const QString &printer, bool again, QWidget *parent);
 
 } // namespace jxc

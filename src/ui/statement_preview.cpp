@@ -1,40 +1,16 @@
 #include "ui/statement_preview.h"
 
-#include "core/action.h"
 #include "reports/partner_statement.h"
-#include "reports/pdf.h"
-#include "reports/template.h"
 #include "ui/form.h"
-#include "ui/print_dialog.h"
-
-#include <QPrintPreviewDialog>
-#include <QPrinter>
+#include "ui/pages_preview.h"
 
 namespace jxc {
 
 void previewStatement(const FormContext &context, const Partner &partner, const QString &from,
                       const QString &to, QWidget *parent) {
-    Pages pages;
-    try {
-        pages = statementPages(context.session, context.home, partner, from, to);
-    } catch (const Refusal &refusal) {
-        context.prompter.inform(refusal.text(), informCaption);
-        return;
-    } catch (const TemplateError &error) {
-        context.prompter.inform(error.text(), informCaption);
-        return;
-    }
-    QPrinter printer(QPrinter::HighResolution);
-    setPaper(printer, pages.front());
-    QPrintPreviewDialog preview(&printer, parent);
-    preview.setWindowTitle(QStringLiteral("往来对账单"));
-    preview.resize(parent->window()->size());
-    QObject::connect(
-        &preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter *target) {
-            if (!sendToPrinter(pages, {}, *target))
-                context.prompter.inform(QStringLiteral("打印机没有接受该单据！"), informCaption);
-        });
-    preview.exec();
+    previewPages(
+        context, QStringLiteral("往来对账单"),
+        [&] { return statementPages(context.session, context.home, partner, from, to); }, parent);
 }
 
 } // namespace jxc

@@ -281,7 +281,9 @@ void TestPrint::templatesOfTheHome() {
     QTemporaryDir home;
     installTemplates(home.path());
     const auto path = [&](const QString &name) { return home.filePath(u"report/"_qs + name); };
-    QCOMPARE(QDir(path({})).entryList({u"*.fr3"_qs}).size(), 16);
+    const QStringList shipped = QDir(u":/report"_qs).entryList({u"*.fr3"_qs});
+    QVERIFY(shipped.size() > 15);
+    QCOMPARE(QDir(path({})).entryList({u"*.fr3"_qs}), shipped);
     QFile edited(path(u"spxs.fr3"_qs));
     QVERIFY(edited.open(QIODevice::WriteOnly));
     edited.write("<report name='own' paper='A4'>");

@@ -1,5 +1,6 @@
 // Short messages and wallet payments at the counter, by keys.
 #include "app/gateway_watch.h"
+#include "retail/forms/tf_hyxf.h"
 #include "retail/forms/tf_sms.h"
 #include "retail/forms/tf_sms_cs.h"
 #include "retail/forms/tf_wxfk.h"
@@ -76,6 +77,8 @@ private Q_SLOTS:
     void endsByHand();
     void sendsToTickedMembers_data() { addEngineRows(); }
     void sendsToTickedMembers();
+    void sendsTheNoticeOfARecharge_data() { addEngineRows(); }
+    void sendsTheNoticeOfARecharge();
     void finishesAtTheStart_data() { addEngineRows(); }
     void finishesAtTheStart();
 };
@@ -201,6 +204,32 @@ void TestGatewayForms::sendsToTickedMembers() {
     QTRY_COMPARE(counter.user.told, QStringList{u"短信发送成功，共1条"_qs});
     QCOMPARE(counter.server.arrived.back().field(u"phone"_qs), u"13900000003"_qs);
     form.reject();
+}
+
+/// At once, while the cashier goes on; what the provider does not take waits.
+void TestGatewayForms::sendsTheNoticeOfARecharge() {
+    Counter counter;
+    Shop::demand(
+        saveSmsSettings(counter.session, counter.user,
+                        {u"店"_qs, u"shop"_qs, u"pw"_qs, u"{hyname}充{czje}余{czkje}"_qs, {}}));
+    counter.db.insertRow(u"jxc_hyxx"_qs, {{u"hy_sn"_qs, u"1"},
+                                          {u"hy_bh"_qs, u"801"},
+                                          {u"hy_name"_qs, u"会员1"},
+                                          {u"hl_sn"_qs, u"100001"},
+                                          {u"hy_mobile"_qs, u"13900000001"}});
+    counter.db.execute(u"update jxc_posprint set pp_bzxx=0"_qs);
+    TF_Hyxf form(counter.context);
+    form.showModal();
+    bringUp(&form);
+    enter(u"801"_qs);
+    type(u"50"_qs);
+    atNextDialog([](QWidget *) { enter(); });
+    press(Qt::Key_F5);
+    QTRY_COMPARE(counter.server.arrived.size(), 1U);
+    QCOMPARE(counter.server.arrived.back().field(u"msg"_qs), u"会员1充50余50【店】"_qs);
+    QTRY_VERIFY(waitingMessages(counter.session).isEmpty());
+    QCOMPARE(counter.user.told, QStringList());
+    form.done(0);
 }
 
 /// What a killed program left behind: a payment without an answer, and a message not yet sent.

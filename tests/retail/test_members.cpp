@@ -7,9 +7,10 @@
 #include "retail/member_card.h"
 #include "retail/member_figures.h"
 #include "retail/member_opening.h"
+#include "retail/member_receipt.h"
+#include "retail/member_search.h"
 #include "retail/member_shop.h"
 #include "retail/points_exchange.h"
-#include "retail/member_receipt.h"
 #include "retail/till_cash.h"
 
 #include <QTest>
@@ -58,6 +59,8 @@ private Q_SLOTS:
     void recharges();
     void payouts_data() { addEngineRows(); }
     void payouts();
+    void finds_data() { addEngineRows(); }
+    void finds();
     void notices_data() { addEngineRows(); }
     void notices();
     void corrections_data() { addEngineRows(); }
@@ -156,6 +159,37 @@ void TestMembers::payouts() {
         shop.session, shop.user,
         {.member = shop.member, .amount = -200, .cash = -200, .password = u"77"_qs}, &receipt));
     QCOMPARE(shop.now(), u"16 16 0 0 0 0 100001"_qs);
+}
+
+void TestMembers::finds() {
+    CounterShop shop;
+    shop.addMember(u"100003"_qs, u"王长顺"_qs);
+    shop.addMember(u"1000021"_qs, u"王小二"_qs);
+    shop.alter(u"hy_mobile=13800000002 hy_jm=LL hy_cs=9"_qs);
+    shop.db.execute(u"update jxc_hyxx set hy_jm='WXE',hy_tele='100003',hy_status=1 where "
+                    "hy_sn='1000021'"_qs);
+    shop.db.execute(u"update jxc_hyxx set hy_mobile='13900000003' where hy_sn='100003'"_qs);
+    const auto found = [&shop](const QString &typed, int most = 50) {
+        QStringList numbers;
+        for (const Row &row : findMembers(shop.session, typed, most))
+            numbers << row.text(u"hy_bh");
+        return numbers.join(u' ');
+    };
+    QCOMPARE(found(u" 100002 "_qs), u"100002"_qs); // though another number begins with it
+    QCOMPARE(found(u"10000"_qs), u"100002 100003 1000021"_qs);
+    QCOMPARE(found(u"13800000002"_qs), u"100002"_qs);
+    QCOMPARE(found(u"139"_qs), u"100003"_qs);
+    QCOMPARE(found(u"王"_qs), u"100003 1000021"_qs);
+    QCOMPARE(found(u"王小二"_qs), u"1000021"_qs); // a lost card is found too
+    QCOMPARE(found(u"wxe"_qs), u"1000021"_qs);
+    QCOMPARE(found(u"WCS"_qs), u"100003"_qs); // nobody typed initials for him
+    QCOMPARE(found(u"WZS"_qs), u"100003"_qs); // 长 read otherwise
+    QCOMPARE(found(u"%"_qs), QString());
+    QCOMPARE(found(u"'"_qs), QString());
+    QCOMPARE(found(u"无卡"_qs), QString());
+    QCOMPARE(found({}, 1), u"100002"_qs); // who buys most often
+    QCOMPARE(memberRow(shop.session, u"100003"_qs)->text(u"hy_name"), u"王长顺"_qs);
+    QVERIFY(!memberRow(shop.session, u"9"_qs));
 }
 
 void TestMembers::notices() {

@@ -66,6 +66,8 @@ private Q_SLOTS:
     void secondOperatorAllows();
     void goodsComeBack_data() { addEngineRows(); }
     void goodsComeBack();
+    void goodsWithoutReceiptGoBackToTheirBatch_data() { addEngineRows(); }
+    void goodsWithoutReceiptGoBackToTheirBatch();
     void restrictedGoodsAskForTheBuyer_data() { addEngineRows(); }
     void restrictedGoodsAskForTheBuyer();
     void printerThatIsOffStopsNothing_data() { addEngineRows(); }
@@ -241,15 +243,47 @@ void TestCounterForms::goodsComeBack() {
         enter(number);
         auto *table = child<QTableWidget>(*form, u"lines"_qs);
         QCOMPARE(table->rowCount(), 1);
-        table->item(0, 5)->setText(u"5"_qs);
-        QCOMPARE(table->item(0, 5)->text(), u"3"_qs);
+        table->item(0, 6)->setText(u"5"_qs);
+        QCOMPARE(table->item(0, 6)->text(), u"3"_qs);
         QCOMPARE(desk.user.told, QStringList{u"退货数量大于可退数量！"_qs});
-        table->item(0, 5)->setText(u"2"_qs);
+        table->item(0, 6)->setText(u"2"_qs);
         press(Qt::Key_F5);
     });
     press(Qt::Key_F3);
     QCOMPARE(desk.figures(u"select pos_yfje,pos_xj from jxc_posthd"_qs), u"6.66 6.66"_qs);
     QCOMPARE(desk.stock(u"10000002"_qs), u"99 99 1 2"_qs);
+    press(Qt::Key_Escape);
+}
+
+/// Without a receipt the batch is the one that stands on the packing, also when it was sold out.
+void TestCounterForms::goodsWithoutReceiptGoBackToTheirBatch() {
+    CounterDesk desk;
+    const QString goods = u"10000003"_qs;
+    desk.addGoods(goods, {{u"g_lsj"_qs, 5_d}, {u"g_jm"_qs, u"NNN"}});
+    for (const QString &batch : {u"B1"_qs, u"B2"_qs}) {
+        DraftLine line{.goods = goods};
+        line.quantity = batch == u"B1" ? 2 : 10;
+        line.price = 2;
+        line.batch = {batch, u"2030-01-01"_qs, {}};
+        desk.post(u"CJ"_qs, day(1), {line});
+    }
+    Counter counter(desk);
+    enter(u"2*NNN"_qs); // all of B1
+    atNextDialog([](QWidget *) { enter(); });
+    enter();
+    atNextDialog([&](QWidget *form) {
+        enter(u"NNN"_qs);
+        atNextDialog([](QWidget *) {
+            press(Qt::Key_Down); // the newest stands first
+            enter();
+        });
+        press(Qt::Key_F4);
+        QCOMPARE(child<QTableWidget>(*form, u"lines"_qs)->item(0, 3)->text(), u"B1"_qs);
+        press(Qt::Key_F5);
+    });
+    press(Qt::Key_F3);
+    QCOMPARE(desk.figures(u"select t_sl from jxc_tkc where t_ph='B1'"_qs), u"1"_qs);
+    QCOMPARE(desk.figures(u"select t_sl from jxc_tkc where t_ph='B2'"_qs), u"10"_qs);
     press(Qt::Key_Escape);
 }
 

@@ -17,11 +17,14 @@ void takeAction(Form &form, Photographer &photographer, const char *action) {
     const QString name = form.objectName() + u'_' + QString::fromLatin1(action);
     if (!photographer.wantsOf(form.objectName()))
         return;
-    atNextDialog([&photographer, name](QWidget *dialog) {
+    bool taken = false;
+    atNextDialog([&photographer, &taken, name](QWidget *dialog) {
         photographer.take(dialog, name);
         static_cast<QDialog *>(dialog)->done(0);
+        taken = true;
     });
     child<QAction>(form, QString::fromLatin1(action))->trigger();
+    (void)QTest::qWaitFor([&taken] { return taken; });
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -43,6 +46,10 @@ void takeRecharge(TF_Hyxf &form, Photographer &photographer) {
     type(QStringLiteral("200"));
     photographer.take(&form, QStringLiteral("TF_Hyxf_typed"));
     takeAction(form, photographer, "btnSave");
+    const QString preview = QStringLiteral("update jxc_posprint set pp_zjdy=%1,pp_dyfs=0");
+    form.db().execute(preview.arg(1));
+    takeAction(form, photographer, "btnReprint");
+    form.db().execute(preview.arg(0));
 }
 
 } // namespace

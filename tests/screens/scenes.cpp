@@ -4,6 +4,7 @@
 #include "app/tf_login.h"
 #include "app/tf_mainform.h"
 #include "retail/forms/tf_posxs.h"
+#include "screens/counter_scenes.h"
 #include "screens/member_scenes.h"
 #include "screens/money_scenes.h"
 #include "screens/points_scenes.h"
@@ -265,6 +266,7 @@ void takeForm(FormRegistry &registry, Photographer &photographer, const QString 
     if (auto *stock = qobject_cast<TF_Kccx *>(form))
         takeStock(*stock, photographer, name);
     takeMoney(*form, photographer, name);
+    takeCounterReports(*form, photographer, name);
     takeMembers(*form, photographer);
     takePoints(*form, photographer, name);
     form->done(0);

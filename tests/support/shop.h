@@ -28,6 +28,7 @@ public:
         return answers.isEmpty() ? true : answers.takeFirst();
     }
     /// What was asked since the last call.
+    QStringList takeTold() { return std::exchange(told, {}); }
     QStringList takeAsked() { return std::exchange(asked, {}); }
 
     QList<bool> answers;

@@ -83,12 +83,22 @@ void LedgerTabs::build(int firstPeriod) {
 
 void LedgerTabs::addPage(const QString &caption, const ColumnSpecs &columns,
                          std::function<Rows()> read) {
+    addTable(caption, columns, [read = std::move(read)](Grid &grid) { grid.setRows(read()); });
+}
+
+void LedgerTabs::addLongPage(const QString &caption, const ColumnSpecs &columns,
+                             PieceReader::Source read) {
+    addTable(caption, columns, [read = std::move(read)](Grid &grid) { grid.pieces().start(read); });
+}
+
+void LedgerTabs::addTable(const QString &caption, const ColumnSpecs &columns,
+                          std::function<void(Grid &)> show) {
     auto *grid =
         new Grid(context(), QStringLiteral("%1_%2").arg(objectName()).arg(m_tables.size() + 1),
                  columns, this);
     grid->setTitle(windowTitle() + QStringLiteral(" － ") + caption);
     connect(grid, &Grid::activated, this, &LedgerTabs::btnOpenClick);
-    m_tables.push_back({grid, std::move(read)});
+    m_tables.push_back({grid, std::move(show)});
     const QSignalBlocker quiet(m_tabs); // the first page is read when the form is shown
     m_tabs->addTab(grid, caption);
 }
@@ -175,7 +185,7 @@ void LedgerTabs::refresh() {
     const Table &table = m_tables[static_cast<size_t>(qMax(0, m_tabs->currentIndex()))];
     const int line = table.grid->view().currentIndex().row();
     table.grid->setNotes(notes());
-    table.grid->setRows(table.read());
+    table.show(*table.grid);
     if (line >= 0)
         table.grid->goToLine(line);
 }

@@ -3,6 +3,7 @@
 #include "money/partner_ledger.h"
 #include "ui/form.h"
 #include "ui/grid.h"
+#include "ui/piece_reader.h"
 
 class QCheckBox;
 class QHBoxLayout;
@@ -37,6 +38,8 @@ protected:
                Partner::Kind kind, int firstPeriod, QWidget *parent);
 
     void addPage(const QString &caption, const ColumnSpecs &columns, std::function<Rows()> read);
+    /// A page that may be long.
+    void addLongPage(const QString &caption, const ColumnSpecs &columns, PieceReader::Source read);
     /// A box that narrows the tables, beside the partner.
     QCheckBox *addBox(const char *name, const QString &caption, bool on);
     /// The usual buttons at the end.
@@ -54,11 +57,13 @@ protected:
 
 private:
     void build(int firstPeriod);
+    void addTable(const QString &caption, const ColumnSpecs &columns,
+                  std::function<void(Grid &)> show);
     [[nodiscard]] QStringList notes() const;
 
     struct Table {
         Grid *grid;
-        std::function<Rows()> read;
+        std::function<void(Grid &)> show;
     };
     Partner::Kind m_kind;
     ActionBar *m_actions;

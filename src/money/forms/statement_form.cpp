@@ -69,17 +69,20 @@ void StatementForm::addPages() {
     };
     const ColumnSpec name = text(u"partner_name", customer ? u"客户" : u"供货商", 140);
     const ColumnSpec quantity = summed(column(u"gl_sl", u"数量", ValueKind::quantity));
-    addPage(QStringLiteral("往来单据"),
-            {column(u"rq", u"开单日期", ValueKind::date), text(u"djh", u"单据号", 132), name,
-             text(u"fktype", u"类型", 104), money(u"yfje", customer ? u"应收金额" : u"应付金额"),
-             money(u"sfje", customer ? u"实收金额" : u"实付金额"), money(u"yhje", u"优惠金额"),
-             money(u"hkje", u"已还金额"), money(u"wfje", customer ? u"未收金额" : u"未付金额"),
-             hidden(money(u"yf", u"运费")), hidden(money(u"bzf", u"包装费")),
-             hidden(text(u"yffs", u"运费付款方式", 104)), text(u"ck_name", u"仓库", 88),
-             text(u"u_name", u"经手人", 72), text(u"dnote", u"备注", 120),
-             hidden(text(u"a_name", u"操作员", 72)), hidden(text(u"checker", u"审核人", 72)),
-             hidden(text(u"chkrq", u"审核日期", 96))},
-            [this] { return statementDocuments(session(), query()); });
+    addLongPage(QStringLiteral("往来单据"),
+                {column(u"rq", u"开单日期", ValueKind::date), text(u"djh", u"单据号", 132), name,
+                 text(u"fktype", u"类型", 104),
+                 money(u"yfje", customer ? u"应收金额" : u"应付金额"),
+                 money(u"sfje", customer ? u"实收金额" : u"实付金额"), money(u"yhje", u"优惠金额"),
+                 money(u"hkje", u"已还金额"), money(u"wfje", customer ? u"未收金额" : u"未付金额"),
+                 hidden(money(u"yf", u"运费")), hidden(money(u"bzf", u"包装费")),
+                 hidden(text(u"yffs", u"运费付款方式", 104)), text(u"ck_name", u"仓库", 88),
+                 text(u"u_name", u"经手人", 72), text(u"dnote", u"备注", 120),
+                 hidden(text(u"a_name", u"操作员", 72)), hidden(text(u"checker", u"审核人", 72)),
+                 hidden(text(u"chkrq", u"审核日期", 96))},
+                [this](int most, const Row *last) {
+                    return statementDocuments(session(), pieceOfQuery(most, last));
+                });
     addPage(QStringLiteral("商品汇总"),
             {text(u"g_sn", u"商品编号", 96), text(u"g_name", u"商品名称", 200),
              text(u"gg_name", u"规格", 112), text(u"dw_name", u"单位", 56), quantity,
@@ -103,8 +106,9 @@ void StatementForm::addPages() {
     }
     ofLines.push_back(text(u"t_ph", u"批号", 96));
     ofLines.push_back(text(u"gl_bz", u"备注", 120));
-    addPage(QStringLiteral("商品明细"), ofLines,
-            [this] { return statementLines(session(), query()); });
+    addLongPage(QStringLiteral("商品明细"), ofLines, [this](int most, const Row *last) {
+        return statementLines(session(), pieceOfQuery(most, last));
+    });
     ColumnSpecs ofMonths = {text(u"month", u"月份", 96), quantity, money(u"gl_je", u"金额"),
                             money(u"gl_taxje", u"税额"), money(u"gl_zje", u"价税合计")};
     if (customer)
@@ -132,6 +136,14 @@ StatementQuery StatementForm::query() const {
     query.netted = true;
     query.newestFirst = m_newestFirst->isChecked();
     return query;
+}
+
+StatementQuery StatementForm::pieceOfQuery(int most, const Row *last) const {
+    StatementQuery piece = query();
+    piece.most = most;
+    if (last != nullptr)
+        piece.after = *last;
+    return piece;
 }
 
 void StatementForm::btnStatementClick() {

@@ -22,6 +22,7 @@ public Q_SLOTS:
 
 private:
     [[nodiscard]] StatementQuery query() const;
+    [[nodiscard]] StatementQuery pieceOfQuery(int most, const Row *last) const;
     void addPages();
 
     QCheckBox *m_newestFirst;

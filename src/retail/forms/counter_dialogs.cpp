@@ -40,6 +40,17 @@ std::optional<Decimal> askFigure(const FormContext &context, const QString &capt
     return field->value();
 }
 
+QString askText(const QString &caption, const QString &note, QWidget *parent) {
+    SmallDialog dialog(caption, note, parent);
+    dialog.setObjectName(QStringLiteral("askText"));
+    auto *field = new QLineEdit(&dialog);
+    field->setObjectName(QStringLiteral("text"));
+    dialog.addRow({}, field);
+    dialog.addButtons(true, [] { return true; });
+    field->setFocus();
+    return dialog.exec() == QDialog::Accepted ? field->text().trimmed() : QString();
+}
+
 QString askSecondOperator(const FormContext &context, const QString &what, int right,
                           QWidget *parent) {
     SmallDialog dialog(QStringLiteral("授权"),
@@ -64,6 +75,12 @@ QString askSecondOperator(const FormContext &context, const QString &what, int r
     });
     password->setFocus();
     return dialog.exec() == QDialog::Accepted ? who->currentText() : QString();
+}
+
+QString allowedBy(const FormContext &context, int right, const QString &what, QWidget *parent) {
+    if (hasRight(context.session, u"xsgl", right))
+        return context.session.currentOperatorName;
+    return askSecondOperator(context, what, right, parent);
 }
 
 void lockCounter(const FormContext &context, QWidget *parent) {

@@ -3,6 +3,7 @@
 #include "core/action.h"
 #include "core/session.h"
 #include "retail/escpos_bytes.h"
+#include "retail/shift_paper.h"
 #include "ui/receipt_print.h"
 
 #include <QApplication>
@@ -39,16 +40,16 @@ QString CounterPrinting::printerOf(const PrintSettings &settings) const {
     return QPrinterInfo::defaultPrinterName();
 }
 
-void CounterPrinting::guarded(const std::function<void(const PrintSettings &)> &run) {
+void CounterPrinting::printWith(const std::function<void(const PrintSettings &)> &print) {
     try {
-        run(PrintSettings::load(m_context.session.db()));
+        print(PrintSettings::load(m_context.session.db()));
     } catch (const std::runtime_error &error) { // refusals and broken templates speak for users
         Q_EMIT failed(QString::fromUtf8(error.what()));
     }
 }
 
 void CounterPrinting::print(const QString &number, bool again) {
-    guarded([&](const PrintSettings &settings) {
+    printWith([&](const PrintSettings &settings) {
         const ReceiptPaper paper = readReceiptPaper(m_context.session, number);
         if (settings.usesEscPos)
             m_sender(printerOf(settings),
@@ -59,8 +60,19 @@ void CounterPrinting::print(const QString &number, bool again) {
     });
 }
 
+void CounterPrinting::printShift(qint64 id, bool again) {
+    printWith([&](const PrintSettings &settings) {
+        const EndedShift ended = readShift(m_context.session, id);
+        if (settings.usesEscPos)
+            m_sender(printerOf(settings), escPosShift(settings, ended, again));
+        else
+            tellFault(printShiftByTemplate(m_context, settings, ended, printerOf(settings), again,
+                                           m_window));
+    });
+}
+
 void CounterPrinting::printRecharge(const QString &number, bool again) {
-    guarded([&](const PrintSettings &settings) {
+    printWith([&](const PrintSettings &settings) {
         const RechargePaper paper = readRechargePaper(m_context.session, number);
         if (settings.usesEscPos)
             m_sender(printerOf(settings),
@@ -105,21 +117,23 @@ void CounterPrinting::sendRaw(const QString &printer, const QByteArray &bytes) {
         Q_EMIT failed(QStringLiteral("没有找到打印机，小票没有打印，可以重打！"));
         return;
     }
-    auto *spooler = new QProcess(this);
+    // A window that closes does not take what it sent off the printer.
+    auto *spooler = new QProcess(qApp);
     const QString text =
         QStringLiteral("打印机“%1”不能打印，小票没有打印，可以重打！").arg(printer);
-    connect(spooler, &QProcess::finished, this, [this, spooler, text](int code) {
+    connect(spooler, &QProcess::finished, this, [this, text](int code) {
         if (code != 0)
             Q_EMIT failed(text);
-        spooler->deleteLater();
     });
-    connect(spooler, &QProcess::errorOccurred, this,
-            [this, spooler, text](QProcess::ProcessError e) {
-                if (e != QProcess::FailedToStart)
-                    return;
-                Q_EMIT failed(text);
-                spooler->deleteLater();
-            });
+    connect(spooler, &QProcess::errorOccurred, this, [this, text](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart)
+            Q_EMIT failed(text);
+    });
+    connect(spooler, &QProcess::finished, spooler, &QObject::deleteLater);
+    connect(spooler, &QProcess::errorOccurred, spooler, [spooler](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart)
+            spooler->deleteLater();
+    });
     spooler->start(QStringLiteral("lp"), {QStringLiteral("-s"), QStringLiteral("-d"), printer,
                                           QStringLiteral("-o"), QStringLiteral("raw")});
     spooler->write(bytes);

@@ -17,6 +17,8 @@ public:
 
     /// Prints a receipt on the device that the settings name; `again` marks the paper.
     void print(const QString &number, bool again);
+    /// Prints the slip of a change of shift by its id.
+    void printShift(qint64 id, bool again);
     /// Prints a recharge of a member's card (XF…) likewise.
     void printRecharge(const QString &number, bool again);
     /// After paying: prints, if the shop wants it, and opens the drawer.
@@ -33,8 +35,8 @@ Q_SIGNALS:
     void failed(const QString &text);
 
 private:
-    /// What is done to the printer; what goes wrong is told, and never more than that.
-    void guarded(const std::function<void(const PrintSettings &)> &run);
+    /// Prints on the device that the settings name; what went wrong is told.
+    void printWith(const std::function<void(const PrintSettings &settings)> &print);
     void tellFault(const QString &text);
     void sendRaw(const QString &printer, const QByteArray &bytes);
     void sendToPort(const QString &port, const QByteArray &bytes);

@@ -6,16 +6,16 @@ namespace jxc {
 
 namespace {
 
-constexpr int passwordLength = 16, mobileLength = 16, cardLength = 32;
+constexpr int mobileLength = 16, cardLength = 32;
 
 } // namespace
 
 TF_Hygl_Pwd::TF_Hygl_Pwd(const FormContext &context, const Member &member, QWidget *parent)
     : MemberDialog(context, QStringLiteral("TF_Hygl_Pwd"), QStringLiteral("会员密码"), member,
                    parent) {
-    m_password = addPassword("hy_mm", QStringLiteral("新密码"), passwordLength);
+    m_password = addPassword("hy_mm", QStringLiteral("新密码"), memberPasswordLength);
     m_password->setPlaceholderText(QStringLiteral("空白取消密码"));
-    m_again = addPassword("hy_mm2", QStringLiteral("再输一次"), passwordLength);
+    m_again = addPassword("hy_mm2", QStringLiteral("再输一次"), memberPasswordLength);
 }
 
 Outcome TF_Hygl_Pwd::store() {

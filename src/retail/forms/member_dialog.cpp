@@ -1,15 +1,10 @@
 #include "retail/forms/member_dialog.h"
 
 #include "core/session.h"
+#include "retail/member_card.h"
 #include "ui/formats.h"
 
 namespace jxc {
-
-namespace {
-
-constexpr int passwordLength = 16;
-
-} // namespace
 
 MemberDialog::MemberDialog(const FormContext &context, const QString &className,
                            const QString &title, Member member, QWidget *parent)
@@ -20,7 +15,7 @@ MemberDialog::MemberDialog(const FormContext &context, const QString &className,
 
 void MemberDialog::addCardPassword() {
     if (!m_member.password.isEmpty())
-        m_password = addPassword("hy_mm", QStringLiteral("会员密码"), passwordLength);
+        m_password = addPassword("hy_mm", QStringLiteral("会员密码"), memberPasswordLength);
 }
 
 QString MemberDialog::cardPassword() const {

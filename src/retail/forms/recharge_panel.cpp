@@ -21,7 +21,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int passwordLength = 16, noteLength = 200;
+constexpr int noteLength = 200;
 
 QLabel *quiet(const QString &text) {
     auto *label = new QLabel(text);
@@ -57,25 +57,7 @@ RechargePanel::RechargePanel(const Form &form)
 }
 
 void RechargePanel::build() {
-    const std::pair<QWidget *, const char16_t *> names[] = {
-        {m_member, u"hy_sn"}, {m_amount, u"xf_je"},  {m_password, u"hy_mm"},
-        {m_note, u"xf_note"}, {m_print, u"print"},   {m_ok, u"btnSave"},
-        {m_who, u"who"},      {m_credit, u"credit"}, {m_told, u"told"}};
-    for (const auto &[widget, name] : names)
-        widget->setObjectName(QString::fromUtf16(name));
-    m_member->setPlaceholderText(QStringLiteral("F2：卡号、手机、姓名"));
-    m_member->setClearable(true);
-    m_amount->setNegativeAllowed(true);
-    m_amount->setPlaceholderText(QStringLiteral("负数退款"));
-    m_password->setEchoMode(QLineEdit::Password);
-    m_password->setMaxLength(passwordLength);
-    m_note->setMaxLength(noteLength);
-    m_print->setFocusPolicy(Qt::NoFocus);
-    m_print->setChecked(PrintSettings::load(m_form.db()).printsAfterPaying);
-    m_ok->setAutoDefault(false);
-    for (QLabel *label : {m_who, m_credit, m_told})
-        label->setTextFormat(Qt::PlainText);
-
+    setUpFields();
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 4, 0, 4);
     grid->setHorizontalSpacing(12);
@@ -89,18 +71,7 @@ void RechargePanel::build() {
     }
     grid->addWidget(m_who, 0, 2);
     grid->addWidget(m_credit, 1, 2);
-    auto *figures = new QHBoxLayout;
-    figures->setSpacing(8);
-    for (const auto &[label, caption, name] :
-         {std::tuple(&m_value, u"卡内金额", u"hy_zhje"), std::tuple(&m_points, u"积分", u"hy_jf"),
-          std::tuple(&m_refundable, u"可退金额", u"refundable")}) {
-        *label = addFigure(QString::fromUtf16(caption), QString::fromUtf16(name));
-        figures->addWidget(quiet(QString::fromUtf16(caption)));
-        figures->addWidget(*label);
-        figures->addSpacing(16);
-    }
-    figures->addStretch(1);
-    grid->addLayout(figures, 2, 2);
+    grid->addLayout(makeFigures(), 2, 2);
     auto *end = new QHBoxLayout;
     end->setSpacing(12);
     end->addWidget(m_print);
@@ -113,6 +84,42 @@ void RechargePanel::build() {
         setTabOrder(order[i - 1], order[i]);
 }
 
+void RechargePanel::setUpFields() {
+    const std::pair<QWidget *, const char16_t *> names[] = {
+        {m_member, u"hy_sn"}, {m_amount, u"xf_je"},  {m_password, u"hy_mm"},
+        {m_note, u"xf_note"}, {m_print, u"print"},   {m_ok, u"btnSave"},
+        {m_who, u"who"},      {m_credit, u"credit"}, {m_told, u"told"}};
+    for (const auto &[widget, name] : names)
+        widget->setObjectName(QString::fromUtf16(name));
+    m_member->setPlaceholderText(QStringLiteral("F2：卡号、手机、姓名"));
+    m_member->setClearable(true);
+    m_amount->setNegativeAllowed(true);
+    m_amount->setPlaceholderText(QStringLiteral("负数退款"));
+    m_password->setEchoMode(QLineEdit::Password);
+    m_password->setMaxLength(memberPasswordLength);
+    m_note->setMaxLength(noteLength);
+    m_print->setFocusPolicy(Qt::NoFocus);
+    m_print->setChecked(PrintSettings::load(m_form.db()).printsAfterPaying);
+    m_ok->setAutoDefault(false);
+    for (QLabel *label : {m_who, m_credit, m_told})
+        label->setTextFormat(Qt::PlainText);
+}
+
+QLayout *RechargePanel::makeFigures() {
+    auto *figures = new QHBoxLayout;
+    figures->setSpacing(8);
+    for (const auto &[label, caption, name] :
+         {std::tuple(&m_value, u"卡内金额", u"hy_zhje"), std::tuple(&m_points, u"积分", u"hy_jf"),
+          std::tuple(&m_refundable, u"可退金额", u"refundable")}) {
+        *label = addFigure(QString::fromUtf16(caption), QString::fromUtf16(name));
+        figures->addWidget(quiet(QString::fromUtf16(caption)));
+        figures->addWidget(*label);
+        figures->addSpacing(16);
+    }
+    figures->addStretch(1);
+    return figures;
+}
+
 QLabel *RechargePanel::addFigure(const QString &caption, const QString &name) {
     auto *label = new QLabel;
     label->setObjectName(name);
@@ -123,7 +130,7 @@ QLabel *RechargePanel::addFigure(const QString &caption, const QString &name) {
 
 void RechargePanel::startNew() {
     m_member->setChoice({}, {});
-    m_amount->setValue({});
+    m_amount->clear();
     m_password->clear();
     m_note->clear();
     m_told->clear();
@@ -136,7 +143,7 @@ void RechargePanel::setMember(const QString &key) {
     m_member->setCode(key);
     showMember();
     if (!m_member->code().isEmpty())
-        m_amount->setFocus();
+        m_amount->setFocus(Qt::TabFocusReason);
 }
 
 void RechargePanel::refresh() {
@@ -239,7 +246,7 @@ void RechargePanel::goOn() {
     const QList<QWidget *> order{m_member, m_amount, m_password, m_note};
     for (qsizetype i = order.indexOf(focusWidget()) + 1; i > 0 && i < order.size(); ++i)
         if (order[i]->isEnabled()) {
-            order[i]->setFocus();
+            order[i]->setFocus(Qt::TabFocusReason);
             return;
         }
     Q_EMIT submitted();

@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 
@@ -45,6 +46,8 @@ Q_SIGNALS:
 
 private:
     void build();
+    void setUpFields();
+    QLayout *makeFigures();
     QLabel *addFigure(const QString &caption, const QString &name);
     void showMember();
     void showCredit();

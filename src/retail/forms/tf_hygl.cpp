@@ -17,12 +17,34 @@
 
 namespace jxc {
 
+namespace {
+
+/// All of it stands on a small screen.
+ColumnSpecs memberColumns(const MasterKind &kind) {
+    const QHash<QString, int> widths{
+        {QStringLiteral("hy_bh"), 104},   {QStringLiteral("hy_name"), 88},
+        {QStringLiteral("hy_jm"), 72},    {QStringLiteral("hl_name"), 88},
+        {QStringLiteral("hh_name"), 104}, {QStringLiteral("hy_mobile"), 112},
+        {QStringLiteral("hy_jf"), 80},    {QStringLiteral("hy_zjf"), 80},
+        {QStringLiteral("hy_zhje"), 88},  {QStringLiteral("hy_zje"), 88},
+        {QStringLiteral("hy_cs"), 80},    {QStringLiteral("hy_jrrq"), 96},
+        {QStringLiteral("hy_dqrq"), 96},  {QStringLiteral("hy_status"), 56},
+        {QStringLiteral("hy_note"), 104}};
+    ColumnSpecs columns = masterColumns(kind);
+    for (ColumnSpec &column : columns)
+        column.width = widths.value(column.field, column.width);
+    return columns;
+}
+
+} // namespace
+
 TF_Hygl::TF_Hygl(const FormContext &context, QWidget *parent)
     : MasterForm(context, masterKind(u"jxc_hyxx"), parent)
     , m_conditions(new MemberFilterBar(*this))
     , m_ticks(new KeptTicks(grid(), QStringLiteral("hy_sn"))) {
     setWindowTitle(QStringLiteral("会员管理"));
     grid().setTitle(QStringLiteral("会员管理"));
+    setColumns(memberColumns(kind()), QStringLiteral("id"));
     addRowActions();
     addCardActions();
     addFigureActions();
@@ -141,7 +163,8 @@ void TF_Hygl::btnSmsClick() {
         for (int line = 0; line < grid().model().rowCount(); ++line)
             members << grid().model().at(line).text(u"hy_sn");
     members.removeAll(noMember);
-    if (auto *sms = qobject_cast<TF_Sms *>(context().stage.openForm(QStringLiteral("TF_Sms"), {})))
+    auto *sms = qobject_cast<TF_Sms *>(context().stage.openForm(QStringLiteral("TF_Sms"), {}));
+    if (sms != nullptr && !members.isEmpty())
         sms->setMembers(members);
 }
 

@@ -36,6 +36,8 @@ void TF_Hygl_Add::addFirstMoney() {
     m_print->setFocusPolicy(Qt::NoFocus);
     auto *caption = new QLabel(QStringLiteral("充值金额"));
     caption->setProperty("quiet", true);
+    caption->setMinimumWidth(66); // as far as the fields above
+    caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto *row = new QHBoxLayout(m_firstMoney);
     row->setContentsMargins(0, 4, 0, 0);
     row->setSpacing(12);
@@ -49,7 +51,7 @@ void TF_Hygl_Add::addFirstMoney() {
 
 void TF_Hygl_Add::fill() {
     RecordEditor::fill();
-    m_amount->setValue({});
+    m_amount->clear();
     m_firstMoney->setVisible(record().isNew());
     showCredit();
 }

@@ -15,7 +15,7 @@ namespace jxc {
 
 namespace {
 
-constexpr int spanWidth = 132;
+constexpr int spanWidth = 112;
 
 std::optional<Decimal> bound(const NumberField *field) {
     return field->text().isEmpty() ? std::nullopt : std::optional(field->value());
@@ -46,7 +46,8 @@ TF_Hygl_Gjcx::TF_Hygl_Gjcx(const FormContext &context, const MemberFilter &filte
     addMonths();
     m_idle = new NumberField(ValueKind::integer, Formats(session().parameters));
     m_idle->setObjectName(QStringLiteral("idle"));
-    m_idle->setValue(Decimal(filter.idleDays));
+    if (filter.idleDays > 0)
+        m_idle->setValue(Decimal(filter.idleDays));
     m_idle->setPlaceholderText(QStringLiteral("多少天没有消费"));
     fields()->addRow(QStringLiteral("未消费天数"), m_idle);
     m_order << m_idle;
@@ -145,7 +146,7 @@ bool TF_Hygl_Gjcx::takeFigures(const QString &caption, const Span<NumberField> &
 
 bool TF_Hygl_Gjcx::save() {
     for (DateField *field : {m_joined.from, m_joined.to})
-        if (!field->isValid()) {
+        if (!field->text().isEmpty() && !field->isValid()) {
             prompter().inform(QStringLiteral("加入日期格式不正确！"), informCaption);
             field->setFocus();
             return false;

@@ -50,7 +50,7 @@ TF_Hygl_Sf::TF_Hygl_Sf(const FormContext &context, Recharge &recharge, QWidget *
 }
 
 NumberField *TF_Hygl_Sf::addTender(const char *name, const QString &caption) {
-    NumberField *field = addAmount(name, caption, m_recharge.amount.isNegative());
+    NumberField *field = addAmount(name, caption);
     connect(field, &NumberField::valueChanged, this, [this, field] {
         m_cashTyped = m_cashTyped || field == m_cash;
         refresh();
@@ -58,28 +58,31 @@ NumberField *TF_Hygl_Sf::addTender(const char *name, const QString &caption) {
     return field;
 }
 
+/// What is paid out is typed without a sign too.
 Recharge TF_Hygl_Sf::tendered() const {
+    const auto typed = [isPayout = m_recharge.amount.isNegative()](const NumberField *field) {
+        return isPayout ? -field->value() : field->value();
+    };
     Recharge recharge = m_recharge;
-    recharge.cash = m_cash->value();
-    recharge.other = {.bankCard = m_card->value(),
-                      .voucher = m_voucher->value(),
-                      .weChat = m_weChat->value(),
-                      .aliPay = m_aliPay->value()};
+    recharge.cash = typed(m_cash);
+    recharge.other = {.bankCard = typed(m_card),
+                      .voucher = typed(m_voucher),
+                      .weChat = typed(m_weChat),
+                      .aliPay = typed(m_aliPay)};
     return recharge;
 }
 
 /// Until somebody types what he was given, cash is what the other tenders leave.
 void TF_Hygl_Sf::refresh() {
-    Recharge now = tendered();
+    const Decimal due = m_recharge.amount.abs();
+    const Decimal others = tendered().other.sum().abs();
     if (!m_cashTyped) {
-        const Decimal rest = now.amount - now.other.sum();
         const QSignalBlocker quiet(m_cash);
-        m_cash->setValue(rest.isNegative() == now.amount.isNegative() ? rest : Decimal());
-        now = tendered();
+        m_cash->setValue(std::max(due - others, Decimal()));
     }
-    const Decimal left = now.cash + now.other.sum() - now.amount;
+    const Decimal left = m_cash->value() + others - due;
     const QString figure = Formats(session().parameters).money(left.abs());
-    if (now.amount.isNegative())
+    if (m_recharge.amount.isNegative())
         m_change->setText(left.isZero() ? QString() : QStringLiteral("相差 ") + figure);
     else
         m_change->setText(left.isNegative() ? QStringLiteral("还差 ") + figure : figure);

@@ -21,7 +21,7 @@ namespace jxc {
 namespace {
 
 ColumnSpec amount(const char16_t *field, const char16_t *caption) {
-    return summed(column(field, caption, ValueKind::amount, 88));
+    return summed(column(field, caption, ValueKind::amount, 80));
 }
 
 /// The rows that have the text in a field that is shown; a member's own are few.
@@ -77,6 +77,7 @@ TF_Hygl_Xfjl::addPage(const QString &caption, const QString &layoutName, ColumnS
                                   const Period days = m_period->period();
                                   return matching(read(days.from, days.to), columns, search);
                               });
+    page->searchBox().setPlaceholderText(QStringLiteral("查找 F3"));
     m_pages->addTab(page, caption);
     return page;
 }
@@ -91,12 +92,12 @@ void TF_Hygl_Xfjl::addReprint(ListPage *page,
 
 void TF_Hygl_Xfjl::addReceipts() {
     ListPage *page = addPage(QStringLiteral("消费单据"), QStringLiteral("_Xf"),
-                             {text(u"pos_xsrq", u"销售时间", 160), text(u"gl_djh", u"单号", 136),
+                             {text(u"pos_xsrq", u"销售时间", 152), text(u"gl_djh", u"单号", 128),
                               amount(u"pos_yfje", u"应付金额"), amount(u"pos_sfje", u"实付金额"),
                               amount(u"pos_xj", u"现金"), amount(u"pos_czk", u"储值卡"),
                               amount(u"pos_yhk", u"银行卡"), amount(u"pos_djq", u"代金券"),
                               amount(u"pos_wxje", u"微信"), amount(u"pos_zfbje", u"支付宝"),
-                              text(u"a_name", u"操作员", 88), text(u"ck_name", u"仓库", 96)},
+                              text(u"a_name", u"操作员", 96), text(u"ck_name", u"仓库", 96)},
                              [this](const QString &from, const QString &to) {
                                  return listReceipts(
                                      session(), {.from = from, .to = to, .member = m_member.key});
@@ -115,7 +116,7 @@ void TF_Hygl_Xfjl::addReceipts() {
 
 void TF_Hygl_Xfjl::addGoods() {
     addPage(QStringLiteral("商品明细"), QStringLiteral("_Sp"),
-            {text(u"pos_xsrq", u"销售时间", 160), text(u"gl_djh", u"单号", 136),
+            {text(u"pos_xsrq", u"销售时间", 152), text(u"gl_djh", u"单号", 128),
              text(u"g_sn", u"商品编号", 104), text(u"g_name", u"商品名称", 208),
              text(u"gg_name", u"规格", 104), text(u"dw_name", u"单位", 56),
              summed(column(u"pos_sl", u"数量", ValueKind::quantity, 88)),
@@ -139,7 +140,7 @@ void TF_Hygl_Xfjl::addRecharges() {
 
 void TF_Hygl_Xfjl::addTransfers() {
     addPage(QStringLiteral("转账和积分"), QStringLiteral("_Zz"),
-            {text(u"moved_at", u"时间", 160), text(u"kind", u"类别", 80), amount(u"value", u"金额"),
+            {text(u"moved_at", u"时间", 152), text(u"kind", u"类别", 80), amount(u"value", u"金额"),
              summed(column(u"points", u"积分", ValueKind::integer, 88)),
              text(u"remark", u"说明", 320), text(u"a_name", u"操作员", 96)},
             [this](const QString &from, const QString &to) {

@@ -20,23 +20,23 @@ namespace jxc {
 namespace {
 
 ColumnSpec amount(const char16_t *field, const char16_t *caption) {
-    return summed(column(field, caption, ValueKind::amount, 88));
+    return summed(column(field, caption, ValueKind::amount, 80));
 }
 
 } // namespace
 
 ColumnSpecs rechargeColumns(bool withMember) {
-    ColumnSpecs columns{text(u"xf_rq", u"交费日期", 160), text(u"gl_djh", u"单号", 136)};
+    ColumnSpecs columns{text(u"xf_rq", u"交费日期", 152), text(u"gl_djh", u"单号", 128)};
     if (withMember) {
-        columns.push_back(text(u"hy_bh", u"会员卡号", 96));
-        columns.push_back(text(u"hy_name", u"会员姓名", 96));
+        columns.push_back(text(u"hy_bh", u"会员卡号", 88));
+        columns.push_back(text(u"hy_name", u"会员姓名", 80));
     }
     for (ColumnSpec &more : ColumnSpecs{
              amount(u"xf_je", u"续费金额"), amount(u"xf_yhje", u"赠送金额"),
              amount(u"xf_xj", u"现金"), amount(u"xf_xyk", u"银行卡"), amount(u"xf_wxje", u"微信"),
              amount(u"xf_zfbje", u"支付宝"), amount(u"xf_djq", u"代金券"),
-             column(u"xf_zlje", u"找零金额", ValueKind::amount, 88),
-             text(u"xf_zt", u"续费类别", 128), text(u"a_name", u"操作员", 88),
+             column(u"xf_zlje", u"找零金额", ValueKind::amount, 80),
+             text(u"xf_zt", u"续费类别", 120), text(u"a_name", u"操作员", 96),
              hidden(text(u"xf_note", u"备注", 160))})
         columns.push_back(std::move(more));
     return columns;
@@ -50,8 +50,10 @@ TF_Hyxf::TF_Hyxf(const FormContext &context, QWidget *parent)
     setColumns(rechargeColumns(true), QStringLiteral("gl_djh"));
     addAction(QStringLiteral("btnSave"), QStringLiteral("充值"), Qt::Key_F5,
               [this] { btnSaveClick(); });
-    addAction(QStringLiteral("btnNew"), QStringLiteral("下一位"), Qt::Key_F6,
-              [this] { m_panel->startNew(); });
+    addAction(QStringLiteral("btnNew"), QStringLiteral("下一位"), Qt::Key_F6, [this] {
+        if (mayLeave())
+            m_panel->startNew();
+    });
     addAction(
         QStringLiteral("btnReprint"), QStringLiteral("重打"), Qt::Key_F7,
         [this] { btnReprintClick(); }, true);

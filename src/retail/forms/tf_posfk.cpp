@@ -2,6 +2,7 @@
 
 #include "core/action.h"
 #include "core/session.h"
+#include "retail/receipt_wallet.h"
 #include "ui/formats.h"
 #include "ui/number_field.h"
 #include "ui/pick_field.h"
@@ -76,12 +77,36 @@ void TF_Posfk::build() {
     m_weChat = addField(form, QStringLiteral("微信"), QStringLiteral("pos_wxje"));
     m_aliPay = addField(form, QStringLiteral("支付宝"), QStringLiteral("pos_zfbje"));
     m_voucher = addField(form, QStringLiteral("代金券"), QStringLiteral("pos_djq"));
+    addCardFields(form);
+    m_discount = addField(form, QStringLiteral("优惠"), QStringLiteral("pos_yhje"));
+    m_rounding = addField(form, QStringLiteral("抹零"), QStringLiteral("pos_mlje"));
+    addCustomerField(form);
+    column->addLayout(form);
+    m_change = bigLabel(24, Theme::current().good, this);
+    m_change->setObjectName(QStringLiteral("change"));
+    column->addWidget(m_change);
+    addButtons(column);
+    setMinimumWidth(460);
+}
+
+/// What is taken from the member's card asks for the card's password, if it has one.
+void TF_Posfk::addCardFields(QFormLayout *form) {
     m_value = addField(form, QStringLiteral("储值卡"), QStringLiteral("pos_czk"));
     m_value->setEnabled(m_member.has_value());
     if (!m_member)
         m_value->setPlaceholderText(QStringLiteral("没有会员"));
-    m_discount = addField(form, QStringLiteral("优惠"), QStringLiteral("pos_yhje"));
-    m_rounding = addField(form, QStringLiteral("抹零"), QStringLiteral("pos_mlje"));
+    m_password = new QLineEdit(this);
+    m_password->setObjectName(QStringLiteral("hy_mm"));
+    m_password->setEchoMode(QLineEdit::Password);
+    m_password->setPlaceholderText(QStringLiteral("请会员输入密码"));
+    connect(m_password, &QLineEdit::returnPressed, this, [this] { focusNextChild(); });
+    if (m_member && m_member->hasPassword)
+        form->addRow(QStringLiteral("卡密码"), m_password);
+    else
+        m_password->hide();
+}
+
+void TF_Posfk::addCustomerField(QFormLayout *form) {
     m_customer = new PickField(partnerSource(context(), Partner::Kind::customer),
                                Formats(session().parameters), this);
     m_customer->setObjectName(QStringLiteral("kh_sn"));
@@ -92,10 +117,9 @@ void TF_Posfk::build() {
     connect(m_customer, &PickField::chosen, this, [this] { takeCustomer(); });
     connect(m_customer, &PickField::cleared, this, [this] { takeCustomer(); });
     form->addRow(QStringLiteral("挂账客户"), m_customer);
-    column->addLayout(form);
-    m_change = bigLabel(24, Theme::current().good, this);
-    m_change->setObjectName(QStringLiteral("change"));
-    column->addWidget(m_change);
+}
+
+void TF_Posfk::addButtons(QVBoxLayout *column) {
     auto *buttons = new QHBoxLayout;
     auto *hint = new QLabel(QStringLiteral("在现金处按 Enter 结账"), this);
     hint->setProperty("quiet", true);
@@ -111,7 +135,20 @@ void TF_Posfk::build() {
     connect(ok, &QPushButton::clicked, this, &TF_Posfk::btnOKClick);
     connect(leave, &QPushButton::clicked, this, &TF_Posfk::reject);
     connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &TF_Posfk::btnOKClick);
-    setMinimumWidth(460);
+}
+
+void TF_Posfk::setWalletPayment(const WalletPayment &payment) {
+    Tender paid = tender();
+    takeWalletPayment(paid, payment);
+    m_weChat->setValue(paid.other.weChat);
+    m_aliPay->setValue(paid.other.aliPay);
+    for (NumberField *field : {m_weChat, m_aliPay}) {
+        field->setReadOnly(true);
+        field->setFocusPolicy(Qt::NoFocus);
+        field->setToolTip(payment.isOpen ? QStringLiteral("付款结果还不知道，结账时查询")
+                                         : QStringLiteral("已用移动支付收款"));
+    }
+    refresh();
 }
 
 Tender TF_Posfk::tender() const {
@@ -126,6 +163,7 @@ Tender TF_Posfk::tender() const {
     t.rounding = m_rounding->value();
     if (m_member)
         t.memberBalance = m_member->balance;
+    t.cardPassword = m_password->text();
     return t;
 }
 
@@ -165,7 +203,8 @@ void TF_Posfk::btnOKClick() {
         prompter().inform(no.text(), informCaption);
         return;
     }
-    accept();
+    if (m_poster(tender()))
+        accept();
 }
 
 } // namespace jxc

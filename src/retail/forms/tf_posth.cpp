@@ -3,8 +3,10 @@
 #include "core/prompter.h"
 #include "core/session.h"
 #include "retail/counter_goods.h"
-#include "retail/counter_members.h"
+#include "retail/forms/counter_choices.h"
+#include "retail/member.h"
 #include "ui/formats.h"
+#include "ui/grid_msg.h"
 #include "ui/number_field.h"
 
 #include <QComboBox>
@@ -24,6 +26,7 @@ enum LineColumn {
     nameAt,
     specificationAt,
     unitAt,
+    batchAt,
     soldAt,
     leftAt,
     quantityAt,
@@ -32,13 +35,16 @@ enum LineColumn {
     columnCount
 };
 
-enum Way { inCash, byCard, byWeChat, byAliPay, onAccount };
+enum Way { inCash, byCard, byWeChat, byAliPay, ontoMemberCard, onAccount };
+
+Batch batchOf(const Row &row) {
+    return {row.text(u"t_ph"), row.text(u"t_yxq"), row.text(u"t_scrq")};
+}
 
 } // namespace
 
-TF_Posth::TF_Posth(const FormContext &context, const CounterMembers &members, QWidget *parent)
-    : Form(context, QStringLiteral("TF_Posth"), QStringLiteral("收银台退货"), parent)
-    , m_members(members) {
+TF_Posth::TF_Posth(const FormContext &context, QWidget *parent)
+    : Form(context, QStringLiteral("TF_Posth"), QStringLiteral("收银台退货"), parent) {
     build();
     resize(1000, 560);
 }
@@ -58,10 +64,10 @@ void TF_Posth::build() {
     column->addWidget(m_source);
     m_table = new QTableWidget(0, columnCount, this);
     m_table->setObjectName(QStringLiteral("lines"));
-    m_table->setHorizontalHeaderLabels({QStringLiteral("商品名称"), QStringLiteral("规格"),
-                                        QStringLiteral("单位"), QStringLiteral("已售"),
-                                        QStringLiteral("可退"), QStringLiteral("退货数量"),
-                                        QStringLiteral("单价"), QStringLiteral("退款金额")});
+    m_table->setHorizontalHeaderLabels(
+        {QStringLiteral("商品名称"), QStringLiteral("规格"), QStringLiteral("单位"),
+         QStringLiteral("批号"), QStringLiteral("已售"), QStringLiteral("可退"),
+         QStringLiteral("退货数量"), QStringLiteral("单价"), QStringLiteral("退款金额")});
     m_table->horizontalHeader()->setSectionResizeMode(nameAt, QHeaderView::Stretch);
     m_table->verticalHeader()->hide();
     m_table->setEditTriggers(QAbstractItemView::AllEditTriggers);
@@ -89,6 +95,7 @@ void TF_Posth::build() {
             connect(new QShortcut(key, this), &QShortcut::activated, this, run);
         row->addWidget(made);
     };
+    button(QStringLiteral("批号 F4"), Qt::Key_F4, [this] { btnBatchClick(); });
     button(QStringLiteral("全部退货 F8"), Qt::Key_F8, [this] { btnAllClick(); });
     button(QStringLiteral("确定退货 F5"), Qt::Key_F5, [this] { btnOKClick(); });
     button(QStringLiteral("返回 Esc"), Qt::Key_Escape, [this] { reject(); });
@@ -96,9 +103,10 @@ void TF_Posth::build() {
 }
 
 void TF_Posth::start(const CounterSettings &settings, const QString &clerk,
-                     const QString &authorisedBy) {
+                     const QString &authorisedBy, const QString &member) {
     m_settings = settings;
     m_clerk = clerk;
+    m_member = member;
     m_return.authorisedBy = authorisedBy;
     clearLines();
     refresh();
@@ -111,6 +119,7 @@ void TF_Posth::clearLines() {
     m_return.authorisedBy = who;
     m_return.clerk = m_clerk;
     m_return.warehouse = m_settings.warehouse;
+    m_return.member = m_member;
 }
 
 void TF_Posth::enterInput() {
@@ -148,16 +157,41 @@ bool TF_Posth::takeReceipt(const QString &typed) {
 void TF_Posth::takeGoods(const QString &typed) {
     if (!m_return.receipt.isEmpty())
         clearLines(); // goods without a receipt begin another return
-    const CounterFind found = findForCounter(context().goods, m_settings, typed);
-    if (found.hits.size() != 1) {
-        prompter().inform(found.hits.empty()
-                              ? QStringLiteral("没有找到商品“%1”！").arg(typed)
-                              : QStringLiteral("有多个商品符合“%1”，请输入条码或编号！").arg(typed),
-                          informCaption);
+    CounterFind found = findForCounter(context().goods, m_settings, typed);
+    if (found.hits.empty()) {
+        prompter().inform(QStringLiteral("没有找到商品“%1”！").arg(typed), informCaption);
         return;
     }
-    m_return.lines.push_back(
-        {.line = counterLine(session(), m_settings, found, found.hits.front(), {})});
+    if (found.hits.size() > 1 && !chooseGoods(context(), found, this))
+        return;
+    ReturnLine line{.line = counterLine(session(), m_settings, found, found.hits.front(), {})};
+    const Rows batches = batchesToReturnTo(session(), line.line.goods, m_return.warehouse);
+    if (batches.size() == 1)
+        line.batch = batchOf(batches.front());
+    m_return.lines.push_back(std::move(line));
+}
+
+/// Goods without a receipt go back to the batch that stands on the packing.
+void TF_Posth::btnBatchClick() {
+    const int row = std::max(0, m_table->currentRow());
+    if (!m_return.receipt.isEmpty() || row >= m_table->rowCount())
+        return;
+    ReturnLine &l = m_return.lines[static_cast<size_t>(row)];
+    Rows batches = batchesToReturnTo(session(), l.line.goods, m_return.warehouse);
+    if (batches.empty()) {
+        prompter().inform(QStringLiteral("商品“%1”没有批号！").arg(l.line.name), informCaption);
+        return;
+    }
+    TF_GridMsg choice(context(), QStringLiteral("TF_Posth_Ph"), QStringLiteral("选择批号"),
+                      {text(u"t_ph", u"批号", 140), text(u"t_scrq", u"生产日期", 110),
+                       text(u"t_yxq", u"有效期至", 110),
+                       column(u"t_sl", u"库存", ValueKind::quantity, 90)},
+                      std::move(batches), this);
+    if (choice.choose()) {
+        l.batch = batchOf(*choice.chosen().front());
+        refresh();
+        m_table->setCurrentCell(row, quantityAt);
+    }
 }
 
 void TF_Posth::refresh() {
@@ -178,6 +212,7 @@ void TF_Posth::refresh() {
         put(nameAt, l.line.name, false);
         put(specificationAt, l.line.specification, false);
         put(unitAt, l.line.unit, false);
+        put(batchAt, l.batch.number, false);
         put(soldAt, isOfReceipt ? formats.text(ValueKind::quantity, l.sold) : QString(), true);
         put(leftAt, isOfReceipt ? formats.text(ValueKind::quantity, l.returnable()) : QString(),
             true);
@@ -186,14 +221,19 @@ void TF_Posth::refresh() {
         put(totalAt, formats.text(ValueKind::amount, l.total(m_settings.amountDecimals)), true);
     }
     m_filling = false;
-    m_source->setText(m_return.receipt.isEmpty() ? QStringLiteral("没有原单")
-                                                 : QStringLiteral("原单 ") + m_return.receipt);
+    QString source = m_return.receipt.isEmpty() ? QStringLiteral("没有原单")
+                                                : QStringLiteral("原单 ") + m_return.receipt;
+    if (const auto member = findMember(db(), m_return.member))
+        source += QStringLiteral("　会员 %1 %2").arg(member->number, member->name);
+    m_source->setText(source);
     const int way = m_way->currentData().toInt();
     m_way->clear();
     m_way->addItem(QStringLiteral("现金"), inCash);
     m_way->addItem(QStringLiteral("银行卡"), byCard);
     m_way->addItem(QStringLiteral("微信"), byWeChat);
     m_way->addItem(QStringLiteral("支付宝"), byAliPay);
+    if (!m_return.member.isEmpty())
+        m_way->addItem(QStringLiteral("退回储值卡"), ontoMemberCard);
     if (m_return.customer != walkInCustomer)
         m_way->addItem(QStringLiteral("冲减挂账"), onAccount);
     m_way->setCurrentIndex(std::max(0, m_way->findData(way)));
@@ -245,6 +285,9 @@ Tender TF_Posth::refund() const {
     case byAliPay:
         t.other.aliPay = amount;
         break;
+    case ontoMemberCard:
+        t.other.storedValue = amount;
+        break;
     case onAccount:
         break;
     default:
@@ -255,7 +298,7 @@ Tender TF_Posth::refund() const {
 
 void TF_Posth::btnOKClick() {
     m_table->setCurrentCell(-1, -1); // what is being typed counts
-    if (show(postReturn(session(), prompter(), m_members, m_return, refund(), &m_number)))
+    if (show(postReturn(session(), prompter(), m_return, refund(), &m_number)))
         accept();
 }
 

@@ -1,29 +1,25 @@
 #pragma once
 
 #include "retail/counter_goods.h"
-#include "retail/counter_members.h"
-#include "retail/receipt_posting.h"
+#include "retail/counter_member.h"
 #include "ui/form.h"
 
 #include <QHash>
 
-class QLabel;
+class QLineEdit;
 class QTimer;
 
 namespace jxc {
 
 class CounterPrinting;
-class Grid;
-class PickField;
+class CounterScreen;
 
 /// 收银台: goods are scanned or typed into one line that always has the keys; everything else is a
 /// key of jxc_gnb.
 class TF_Posxs : public Form {
     Q_OBJECT
 public:
-    explicit TF_Posxs(const FormContext &context, QWidget *parent = nullptr)
-        : TF_Posxs(context, noCounterMembers(), parent) {}
-    TF_Posxs(const FormContext &context, const CounterMembers &members, QWidget *parent);
+    explicit TF_Posxs(const FormContext &context, QWidget *parent = nullptr);
 
     void FormActivate() override;
     bool mayLeave() override;
@@ -44,46 +40,44 @@ public:
     void btnHoldClick();
     void btnRecallClick();
     void btnLockClick();
+    void btnPictureClick();
     void btnGiftClick();
     void btnReturnClick();
     void btnReprintClick();
+    void btnShiftClick();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void build();
-    QWidget *makeHead();
-    QWidget *makeSide();
-    QWidget *makeHints();
+    /// A function of the counter and what runs it.
+    using Functions = QHash<QString, void (TF_Posxs::*)()>;
+    [[nodiscard]] static const Functions &functions();
+
     void fillHints();
     void offerRunning();
     void takeInput(const QString &typed);
     void takeLine(const CounterFind &found, const GoodsHit &hit);
     bool chooseHit(CounterFind &found);
-    bool registerBuyers();
-    bool allowDiscounts();
-    bool post(const Tender &tender);
+    void takeMember(const QString &key);
     void startAnew();
     void changed();
     void refresh();
     void say(const QString &text, bool isFault);
+    [[nodiscard]] PriceBuyer buyer() const;
     [[nodiscard]] ReceiptLine *currentLine();
-    [[nodiscard]] bool runKey(QKeyEvent &event);
-    /// Whether the operator has the right (xsgl), or somebody who has it allows it now.
-    [[nodiscard]] QString allowedBy(int right, const QString &what);
+    bool runKey(QKeyEvent &event);
+    bool runControlKey(int key);
+    bool runFixedKey(const QKeyEvent &event);
+    [[nodiscard]] bool isPaidByWallet();
 
-    const CounterMembers &m_members;
     CounterSettings m_settings;
     Receipt m_receipt;
     std::optional<CounterMember> m_member;
     CounterPrinting *m_printing;
-    QHash<QString, std::function<void()>> m_functions;
-    QLabel *m_title, *m_total, *m_pieces, *m_memberName, *m_last, *m_message, *m_hints;
-    PickField *m_clerk;
-    QLineEdit *m_input;
-    Grid *m_grid;
+    CounterScreen *m_screen;
+    QLineEdit &m_input;
     QTimer *m_keep; ///< stores the running receipt once the keys rest
     int m_line = -1;
 };

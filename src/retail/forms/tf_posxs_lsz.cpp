@@ -4,7 +4,6 @@
 #include "core/session.h"
 #include "retail/forms/counter_printing.h"
 #include "retail/receipt_query.h"
-#include "ui/period_bar.h"
 
 #include <QAction>
 #include <QLayout>
@@ -14,19 +13,20 @@ namespace jxc {
 
 namespace {
 
-ColumnSpec amount(const char16_t *field, const char16_t *caption) {
-    return summed(column(field, caption, ValueKind::amount, 88));
+ColumnSpec amount(const char16_t *field, const char16_t *caption, int width = 88) {
+    return summed(column(field, caption, ValueKind::amount, width));
 }
 
 } // namespace
 
 TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
-    : ListForm(context, QStringLiteral("TF_Posxs_Lsz"), QStringLiteral("POS销售流水账"), parent)
+    : CounterReport(context, QStringLiteral("TF_Posxs_Lsz"), QStringLiteral("POS销售流水账"),
+                    parent)
     , m_printing(new CounterPrinting(context, this)) {
     searchBox().setPlaceholderText(QStringLiteral("查找 F3：单号、会员"));
     setColumns({text(u"pos_xsrq", u"销售时间", 160), text(u"gl_djh", u"单号", 136),
                 text(u"hy_bh", u"会员编号", 80), text(u"hy_name", u"会员", 80),
-                amount(u"pos_yfje", u"应付金额"), amount(u"pos_sfje", u"实付金额"),
+                amount(u"pos_yfje", u"应付金额", 96), amount(u"pos_sfje", u"实付金额", 96),
                 amount(u"pos_zlje", u"找零金额"), amount(u"pos_xj", u"现金"),
                 amount(u"pos_czk", u"储值卡"), amount(u"pos_yhk", u"银行卡"),
                 amount(u"pos_djq", u"代金券"), amount(u"pos_wxje", u"微信"),
@@ -42,9 +42,9 @@ TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
     addAction(QStringLiteral("btnSettings"), QStringLiteral("打印设置"),
               QKeySequence(QStringLiteral("Ctrl+P")), [this] { btnSettingsClick(); });
     addCommonActions();
-    m_period = addPeriodBar(static_cast<int>(PeriodChoice::today));
+    addFilters(PeriodChoice::today, Filters::all);
     grid().model().setTone([](const Row &row, const ColumnSpec &) {
-        return row.flag(u"is_return") ? Tone::danger : Tone::plain;
+        return row.flag(u"is_back") ? Tone::danger : Tone::plain;
     });
     m_lines =
         new Grid(context, QStringLiteral("TF_Posxs_Lsz_Sp"),
@@ -64,9 +64,8 @@ TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
             [this](const QString &words) { prompter().inform(words, informCaption); });
 }
 
-Rows TF_Posxs_Lsz::read(const QString &search) {
-    const Period days = m_period->period();
-    return listReceipts(session(), {.from = days.from, .to = days.to, .search = search});
+Rows TF_Posxs_Lsz::readFor(const CounterFilter &filter) {
+    return listReceipts(session(), filter);
 }
 
 void TF_Posxs_Lsz::refreshLines() {

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "ui/list_form.h"
+#include "retail/forms/counter_report.h"
 
 namespace jxc {
 
 class CounterPrinting;
-class PeriodBar;
 
 /// POS销售流水账: the receipts of the counter, their lines below.
-class TF_Posxs_Lsz : public ListForm {
+class TF_Posxs_Lsz : public CounterReport {
     Q_OBJECT
 public:
     explicit TF_Posxs_Lsz(const FormContext &context, QWidget *parent = nullptr);
@@ -18,12 +17,11 @@ public:
     void btnSettingsClick();
 
 protected:
-    Rows read(const QString &search) override;
+    Rows readFor(const CounterFilter &filter) override;
 
 private:
     void refreshLines();
 
-    PeriodBar *m_period;
     Grid *m_lines;
     CounterPrinting *m_printing;
 };

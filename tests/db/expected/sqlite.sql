@@ -363,6 +363,8 @@ create table jxc_goodslist (
 );
 create index ix_goodslist_g_sn_ck_sn_gl_kdrq_id on jxc_goodslist (g_sn, ck_sn, gl_kdrq, id);
 create index ix_goodslist_gl_djh on jxc_goodslist (gl_djh);
+create index ix_goodslist_gl_flag_gl_kdrq on jxc_goodslist (gl_flag, gl_kdrq);
+create index ix_goodslist_ghs_sn_gl_kdrq on jxc_goodslist (ghs_sn, gl_kdrq);
 create table jxc_djbz (
     id integer primary key autoincrement,
     dj_sn varchar(8) null,
@@ -614,6 +616,7 @@ create table jxc_thsp (
 );
 create index ix_thsp_gl_djh on jxc_thsp (gl_djh);
 create index ix_thsp_id2 on jxc_thsp (id2);
+create index ix_thsp_th_bz on jxc_thsp (th_bz);
 create table jxc_log (
     id integer primary key autoincrement,
     log_time varchar(32) null,
@@ -764,6 +767,7 @@ create table jxc_xsthsp (
 );
 create index ix_xsthsp_gl_djh on jxc_xsthsp (gl_djh);
 create index ix_xsthsp_id2 on jxc_xsthsp (id2);
+create index ix_xsthsp_th_bz on jxc_xsthsp (th_bz);
 create table jxc_xsthd (
     id integer primary key autoincrement,
     gl_djh varchar(16) null,

@@ -1,0 +1,146 @@
+#include "retail/forms/counter_paying.h"
+
+#include "core/session.h"
+#include "retail/forms/counter_dialogs.h"
+#include "retail/forms/counter_printing.h"
+#include "retail/forms/tf_posfk.h"
+#include "retail/forms/tf_wxfk.h"
+#include "retail/receipt_wallet.h"
+#include "ui/buyer_dialog.h"
+#include "ui/formats.h"
+
+#include <QStringList>
+
+namespace jxc {
+
+namespace {
+
+/// A payment holds the receipt against the same questions more than once; each is asked once.
+class RememberingPrompter : public Prompter {
+public:
+    explicit RememberingPrompter(Prompter &prompter)
+        : m_prompter(prompter) {}
+
+    void inform(const QString &text, const QString &caption) override {
+        m_prompter.inform(text, caption);
+    }
+    bool confirm(const QString &text, const QString &caption) override {
+        if (!m_yes.contains(text) && m_prompter.confirm(text, caption))
+            m_yes << text;
+        return m_yes.contains(text);
+    }
+
+private:
+    Prompter &m_prompter;
+    QStringList m_yes;
+};
+
+bool tell(Prompter &prompter, const Outcome &outcome) {
+    if (!outcome.isDone() && outcome.kind != Outcome::Kind::declined)
+        prompter.inform(outcome.text, informCaption);
+    return outcome.isDone();
+}
+
+} // namespace
+
+/// Who buys restricted goods is asked once for all of them.
+bool CounterPaying::registerBuyers(Receipt &receipt) {
+    BuyerRecord buyer;
+    for (ReceiptLine &line : receipt.lines) {
+        if (!line.restricted || !line.buyer.isEmpty())
+            continue;
+        if (buyer.name.isEmpty()) {
+            const auto asked = askBuyer(
+                m_context, line.name,
+                lastBuyerOf(m_context.session, receipt.customer).value_or(BuyerRecord{}), m_window);
+            if (!asked)
+                return false;
+            buyer = *asked;
+        }
+        line.buyer = buyer.name;
+        line.identityNo = buyer.identityNo;
+        line.mobile = buyer.mobile;
+        line.address = buyer.address;
+        line.use = buyer.use;
+    }
+    return true;
+}
+
+/// A receipt that was put aside does not remember who allowed what.
+bool CounterPaying::allowDiscounts(Receipt &receipt) {
+    const std::vector<size_t> lines = linesToAllow(m_context.session, m_settings, receipt);
+    if (lines.empty())
+        return true;
+    const QString who = allowedBy(m_context, 7, QStringLiteral("低于最低折扣的销售！"), m_window);
+    for (const size_t line : lines)
+        receipt.lines[line].authorisedBy = who;
+    return !who.isEmpty();
+}
+
+/// Takes what the tender wants of a wallet, unless a wallet has paid this receipt already. Without
+/// the gateway the customer pays to the shop's own code, and the cashier looks for himself.
+bool CounterPaying::chargeWallet(Receipt &receipt, Tender &tender, Prompter &prompter) {
+    const Decimal amount = tender.other.weChat + tender.other.aliPay;
+    std::optional<WalletPayment> payment = walletPaymentOf(m_context.session, receipt.number);
+    if (!payment && (amount.isZero() || !m_settings.chargesWallets))
+        return true;
+    if (!payment) {
+        if (tender.other.weChat.isPositive() && tender.other.aliPay.isPositive()) {
+            prompter.inform(QStringLiteral("微信和支付宝不能同时付款，请只选一种！"),
+                            informCaption);
+            return false;
+        }
+        payment = WalletPayment{{}, amount, true, {}, {}};
+        if (!tell(prompter, prepareWalletPayment(m_context.session, prompter, receipt, tender,
+                                                 &payment->order)))
+            return false;
+    }
+    if (payment->isOpen) {
+        TF_Wxfk wallet(m_context, m_window);
+        wallet.setOrder(payment->order, payment->amount);
+        if (!wallet.runModal())
+            return false;
+        payment = walletPaymentOf(m_context.session, receipt.number);
+    }
+    if (!payment || payment->amount != amount) {
+        prompter.inform(QStringLiteral("该小票已用移动支付收款%1，与本次付款金额不同！")
+                            .arg(Formats(m_context.session.parameters)
+                                     .money(payment ? payment->amount : Decimal())),
+                        informCaption);
+        return false;
+    }
+    takeWalletPayment(tender, *payment);
+    return true;
+}
+
+std::optional<PostedReceipt> CounterPaying::pay(Receipt &receipt,
+                                                const std::optional<CounterMember> &member) {
+    std::optional<PostedReceipt> posted;
+    if (!registerBuyers(receipt) || !allowDiscounts(receipt))
+        return posted;
+    m_printing.showAmount(receipt.total(m_settings.amountDecimals), DisplayLight::total);
+    RememberingPrompter prompter(m_context.prompter);
+    TF_Posfk window(m_context, m_settings, receipt, member, m_window);
+    const auto showWallet = [&] {
+        if (const auto payment = walletPaymentOf(m_context.session, receipt.number))
+            window.setWalletPayment(*payment);
+    };
+    showWallet();
+    window.setPoster([&](Tender tender) {
+        PostedReceipt result;
+        const bool isDone =
+            chargeWallet(receipt, tender, prompter) &&
+            tell(prompter, postReceipt(m_context.session, prompter, receipt, tender, &result));
+        if (isDone)
+            posted = result;
+        else
+            showWallet();
+        return isDone;
+    });
+    window.runModal();
+    if (!posted) // whose account it would have been is asked anew
+        receipt.customer = walkInCustomer;
+    return posted;
+}
+
+} // namespace jxc
