@@ -106,8 +106,7 @@ Tenders MemberTenders::tenders() const {
 
 void MemberTenders::showCash() {
     const Decimal rest = cash();
-    m_cash->setText(QStringLiteral("其余现金 ") +
-                    Formats(m_context.session.parameters).money(rest));
+    m_cash->setText(QStringLiteral("其余 ") + Formats(m_context.session.parameters).money(rest));
     m_cash->setProperty("danger", rest.isNegative());
     m_cash->style()->unpolish(m_cash);
     m_cash->style()->polish(m_cash);

@@ -18,6 +18,7 @@
 #include "ui/grid.h"
 #include "ui/header_panel.h"
 #include "ui/line_table.h"
+#include "ui/settlement_panel.h"
 
 namespace jxc::test {
 
@@ -116,6 +117,25 @@ void typeSale(FormRegistry &registry, Photographer &photographer) {
     press(Qt::Key_Escape);
     dialogOver(photographer, sale, QStringLiteral("sale_discount"));
     sale.btnDiscountClick();
+    drop(&sale);
+}
+
+/// A sale that its member pays from the card, where the shop has members with something on it.
+void typeMemberSale(FormRegistry &registry, Photographer &photographer) {
+    Database &db = registry.context().session.db();
+    const QString card = db.scalar(QStringLiteral(
+        "select hy_bh from jxc_hyxx where hy_zhje>0 order by hy_zhje desc,id limit 1"));
+    if (card.isEmpty())
+        return;
+    DocumentEditor &sale = newDocument(registry, QStringLiteral("TF_Spxs"));
+    press(Qt::Key_M, Qt::ControlModifier);
+    enter(card);
+    throughHeader(sale);
+    for (const QString &goods : Wares(db).goods(1, false, 2))
+        typeLine(sale, goods, QStringLiteral("2"));
+    sale.settlement()->focusTenders();
+    type(QStringLiteral("20"));
+    photographer.takeDesk(&sale, QStringLiteral("member_sale"));
     drop(&sale);
 }
 
@@ -255,6 +275,8 @@ void takeForm(FormRegistry &registry, Photographer &photographer, const QString 
 void takeTyping(FormRegistry &registry, Photographer &photographer) {
     if (photographer.wantsOf(QStringLiteral("sale")))
         typeSale(registry, photographer);
+    if (photographer.wantsOf(QStringLiteral("member_sale")))
+        typeMemberSale(registry, photographer);
     if (photographer.wantsOf(QStringLiteral("receipt")))
         typeReceipt(registry, photographer);
     if (photographer.wantsOf(QStringLiteral("counter")))

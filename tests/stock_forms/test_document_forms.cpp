@@ -491,7 +491,7 @@ void TestDocumentForms::membersPayAndArePaidBack() {
     type(QStringLiteral("40"));
     enter();
     type(QStringLiteral("50"));
-    QCOMPARE(child<QLabel>(sale, QStringLiteral("pos_xj"))->text(), QStringLiteral("其余现金 -￥15.00"));
+    QCOMPARE(child<QLabel>(sale, QStringLiteral("pos_xj"))->text(), QStringLiteral("其余 -￥15.00"));
     press(Qt::Key_F8);
     QCOMPARE(desk.user.told.takeLast(), QStringLiteral("储值卡、银行卡和代金券的金额之和不能大于实付金额！"));
     enter();

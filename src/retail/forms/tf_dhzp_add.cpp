@@ -156,17 +156,6 @@ void TF_Dhzp_Add::startAnew() {
     takeMember();
 }
 
-void TF_Dhzp_Add::FormActivate() {
-    PlainEditor::FormActivate();
-    if (!m_member->code().isEmpty())
-        m_table->startNewRow();
-}
-
-void TF_Dhzp_Add::chooseMember(const QString &key) {
-    m_member->setCode(key);
-    takeMember();
-}
-
 void TF_Dhzp_Add::takeMember() {
     m_password.clear();
     m_chosen = m_member->code().isEmpty() ? std::nullopt : findMember(db(), m_member->code());

@@ -21,9 +21,6 @@ class TF_Dhzp_Add : public PlainEditor {
 public:
     explicit TF_Dhzp_Add(const FormContext &context, QWidget *parent = nullptr);
 
-    void FormActivate() override;
-    /// Begins with this member.
-    void chooseMember(const QString &key);
     [[nodiscard]] RecordTable &table() { return *m_table; }
 
 protected:
