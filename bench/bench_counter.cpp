@@ -3,6 +3,7 @@
 #include "shop.h"
 
 #include "base/dates.h"
+#include "db/schema.h"
 #include "db/transaction.h"
 #include "master/goods_search.h"
 #include "retail/counter_goods.h"
@@ -67,6 +68,43 @@ void report(const char *what, std::vector<double> &times) {
     std::fflush(stdout);
 }
 
+/// The same receipt by a member who pays a part from the card.
+void measureMember(Shop &shop, GoodsFinder &finder, const CounterSettings &settings) {
+    Session &session = shop.session();
+    Database &db = shop.db();
+    db.execute(QStringLiteral("update jxc_jfsz set jf_mfje=10,jf_yelj=1"));
+    Assignments row;
+    for (const auto &column : table(QStringLiteral("jxc_hyxx")).columns)
+        if (!column.isText())
+            row.push_back({column.name, 0});
+    for (const char16_t *name : {u"hy_sn", u"hy_bh", u"hy_mm", u"hy_sr", u"hl_sn", u"hh_sn"})
+        row.push_back({QString::fromUtf16(name), u"100001"});
+    db.execute(QStringLiteral("delete from jxc_hyxx"));
+    db.insertRow(QStringLiteral("jxc_hyxx"), row);
+    db.execute(QStringLiteral("update jxc_hyxx set hy_zhje=1000000,hy_mm='',hy_sr='1970-01-01'"));
+    AgreeingPrompter prompter;
+    std::vector<double> paid;
+    for (int round = 0; round < 30; ++round) {
+        Receipt receipt;
+        receipt.warehouse = receipt.clerk = receipt.member = QStringLiteral("100001");
+        for (int i = 0; i < lines; ++i) {
+            const CounterFind found =
+                findForCounter(finder, settings, QStringLiteral("69%1").arg(30'000'000 + i * 7));
+            addLine(receipt, counterLine(session, settings, found, found.hits.front(), {}));
+        }
+        QElapsedTimer timer;
+        timer.start();
+        PostedReceipt posted;
+        const Outcome outcome = postReceipt(session, prompter, receipt,
+                                            {.cash = 200, .other = {.storedValue = 100}}, &posted);
+        if (!outcome.isDone())
+            qFatal("%s", qPrintable(outcome.text));
+        if (round > 4)
+            paid.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    report("the same by a member, partly from the card", paid);
+}
+
 void measure(Shop &shop) {
     Session &session = shop.session();
     GoodsFinder finder(shop.db());
@@ -101,6 +139,7 @@ void measure(Shop &shop) {
     report("a scan", scans);
     report("keeping the running receipt", kept);
     report("twenty lines paid and booked", paid);
+    measureMember(shop, finder, settings);
 }
 
 } // namespace

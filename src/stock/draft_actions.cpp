@@ -1,5 +1,6 @@
 #include "core/approval.h"
 #include "core/operation_log.h"
+#include "core/remembering_prompter.h"
 #include "core/rights.h"
 #include "stock/draft_context.h"
 #include "stock/order_progress.h"
@@ -8,28 +9,6 @@
 namespace jxc {
 
 namespace {
-
-/// Gives an answer that the user has given already without asking again.
-class RememberingPrompter : public Prompter {
-public:
-    explicit RememberingPrompter(Prompter &prompter)
-        : m_prompter(prompter) {}
-
-    void inform(const QString &text, const QString &caption) override {
-        m_prompter.inform(text, caption);
-    }
-    bool confirm(const QString &text, const QString &caption) override {
-        if (const auto known = m_answers.constFind(text); known != m_answers.constEnd())
-            return *known;
-        const bool answer = m_prompter.confirm(text, caption);
-        m_answers.insert(text, answer);
-        return answer;
-    }
-
-private:
-    Prompter &m_prompter;
-    QHash<QString, bool> m_answers;
-};
 
 /// Deleting stored receipts and sales has a right of its own.
 int deletingRight(const DocumentKind &kind) {

@@ -61,6 +61,8 @@ class TestKill : public QObject {
 private Q_SLOTS:
     void whatWasReportedStays_data() { addEngineRows(); }
     void whatWasReportedStays();
+    void aDayAtTheCounterStaysWhole_data() { addEngineRows(); }
+    void aDayAtTheCounterStaysWhole();
 
 private:
     static void workOff(FaultShop &shop, const QString &command, QStringList numbers,
@@ -102,6 +104,25 @@ void TestKill::whatWasReportedStays() {
         return;
     std::reverse(numbers.begin(), numbers.end());
     workOff(shop, u"cancel"_s, numbers, false);
+}
+
+/// Kills a shop in the middle of its trade: receipts, members, recharges, gifts, day ends among it.
+void TestKill::aDayAtTheCounterStaysWhole() {
+    FaultShop shop(currentEngine());
+    QCOMPARE(runCtlOn(shop.url(), {u"--yes"_s, u"reset"_s, u"all"_s}).exitCode, 0);
+    int receipts = 0;
+    for (int kill = 0; kill < 8; ++kill) {
+        QProcess process;
+        startCtl(process, shop.url(),
+                 {u"--yes"_s, u"demo"_s, u"--days"_s, u"60"_s, u"--seed"_s, QString::number(kill)});
+        QThread::msleep(150 + moments().bounded(1'200U));
+        process.kill();
+        process.waitForFinished();
+        const CtlAnswer verified = runCtlOn(shop.url(), {u"verify"_s});
+        QVERIFY2(verified.out == u"0 differences\n"_s, qPrintable(verified.shown()));
+        receipts += shop.db().scalar(u"select count(*) from jxc_posxsd"_s).toInt();
+    }
+    QVERIFY2(receipts > 20, qPrintable(u"%1 receipts only"_s.arg(receipts)));
 }
 
 QTEST_GUILESS_MAIN(TestKill)

@@ -2,6 +2,7 @@
 #include "db/transaction.h"
 #include "money/settlement.h"
 #include "money/settlement_draft.h"
+#include "retail/document_posting.h"
 #include "services/demo_data.h"
 #include "services/demo_trade.h"
 #include "services/verify.h"
@@ -450,6 +451,7 @@ void TestVerify::agreesWithLifelikeTrade() {
         loadDemoMasterData(shop.session(), {.goods = 60});
         load.commit();
     }
+    shop.session().members = &documentPosting();
     playDemoTrade(shop.session(), shop.clock(), {QDate(2026, 3, 1), 40, 7});
     QCOMPARE(shown(verifyBooks(db)), QString());
 }

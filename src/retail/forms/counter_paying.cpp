@@ -1,5 +1,6 @@
 #include "retail/forms/counter_paying.h"
 
+#include "core/remembering_prompter.h"
 #include "core/session.h"
 #include "retail/forms/counter_dialogs.h"
 #include "retail/forms/counter_printing.h"
@@ -9,31 +10,9 @@
 #include "ui/buyer_dialog.h"
 #include "ui/formats.h"
 
-#include <QStringList>
-
 namespace jxc {
 
 namespace {
-
-/// A payment holds the receipt against the same questions more than once; each is asked once.
-class RememberingPrompter : public Prompter {
-public:
-    explicit RememberingPrompter(Prompter &prompter)
-        : m_prompter(prompter) {}
-
-    void inform(const QString &text, const QString &caption) override {
-        m_prompter.inform(text, caption);
-    }
-    bool confirm(const QString &text, const QString &caption) override {
-        if (!m_yes.contains(text) && m_prompter.confirm(text, caption))
-            m_yes << text;
-        return m_yes.contains(text);
-    }
-
-private:
-    Prompter &m_prompter;
-    QStringList m_yes;
-};
 
 bool tell(Prompter &prompter, const Outcome &outcome) {
     if (!outcome.isDone() && outcome.kind != Outcome::Kind::declined)
@@ -129,7 +108,6 @@ std::optional<PostedReceipt> CounterPaying::pay(Receipt &receipt,
     if (!registerBuyers(receipt, member) || !allowDiscounts(receipt))
         return posted;
     m_printing.showAmount(receipt.total(m_settings.amountDecimals), DisplayLight::total);
-    RememberingPrompter prompter(m_context.prompter);
     TF_Posfk window(m_context, m_settings, receipt, member, m_window);
     const auto showWallet = [&] {
         if (const auto payment = walletPaymentOf(m_context.session, receipt.number))
@@ -137,6 +115,7 @@ std::optional<PostedReceipt> CounterPaying::pay(Receipt &receipt,
     };
     showWallet();
     window.setPoster([&](Tender tender) {
+        RememberingPrompter prompter(m_context.prompter); // what is charged first is held twice
         PostedReceipt result;
         const bool isDone =
             chargeWallet(receipt, tender, prompter) &&

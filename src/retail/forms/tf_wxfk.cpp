@@ -1,6 +1,7 @@
 #include "retail/forms/tf_wxfk.h"
 
 #include "core/session.h"
+#include "db/database.h"
 #include "retail/wallet_gateway.h"
 #include "ui/formats.h"
 #include "ui/grid.h"
@@ -161,6 +162,15 @@ void TF_Wxfk::setOrder(const QString &number, Decimal amount) {
     m_state->setText(number.isEmpty()
                          ? QStringLiteral("收款时在结算界面打开；这里可以查看记录和查询结果。")
                          : QString());
+}
+
+void TF_Wxfk::setCaption(const QString &caption) {
+    setOrder({}, {});
+    if (const auto sale = db().row(
+            QStringLiteral("select ls_sfje,ls_yfje from jxc_lsxsd where gl_djh=?"), {caption})) {
+        const Decimal paid = sale->decimal(u"ls_sfje");
+        setOrder(caption, paid.isPositive() ? paid : sale->decimal(u"ls_yfje"));
+    }
 }
 
 void TF_Wxfk::FormActivate() {

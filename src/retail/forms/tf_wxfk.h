@@ -27,6 +27,8 @@ public:
     [[nodiscard]] const WalletResult &result() const { return m_result; }
     [[nodiscard]] WalletGateway &gateway() { return *m_gateway; }
 
+    /// A sale's number is what is to be paid: the amount that it says was paid, else all of it.
+    void setCaption(const QString &caption) override;
     void FormActivate() override;
     bool mayLeave() override;
 

@@ -13,6 +13,7 @@ public:
 public Q_SLOTS:
     /// 重取成本: the costs of a draft that has lain for a while are taken anew.
     void btnCostClick();
+    void btnWalletClick();
 };
 
 } // namespace jxc
