@@ -7,6 +7,7 @@
 #include "db/transaction.h"
 #include "master/goods_search.h"
 #include "retail/counter_goods.h"
+#include "retail/document_posting.h"
 #include "retail/receipt_hold.h"
 #include "retail/receipt_posting.h"
 
@@ -149,6 +150,7 @@ int main(int argc, char **argv) {
     for (const Engine engine : test::engines()) {
         std::printf("%s\n", qPrintable(test::engineName(engine)));
         Shop shop(engine, {.goods = 200, .otherJournal = 100'000});
+        shop.session().members = &documentPosting();
         insertReceipts(shop.db());
         measure(shop);
     }

@@ -11,7 +11,7 @@ std::optional<Member> findBy(Database &db, const QString &column, const QString 
     const auto row =
         db.row(QStringLiteral("select id,hy_sn,hy_bh,hy_name,hy_mobile,hy_sr,hy_mm,hl_sn,hh_sn,"
                               "hy_sj,hy_status,hy_qx,hy_dqrq,hy_zhje,hy_jf,hy_zjf,hy_zje,hy_ye,"
-                              "hy_cs from jxc_hyxx where %1=? order by id limit 1")
+                              "hy_cs from jxc_hyxx where %1=? order by id")
                    .arg(column),
                {text});
     if (!row)

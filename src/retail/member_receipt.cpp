@@ -34,7 +34,7 @@ bool isOwnDocument(Database &db, const QString &number, bool isReturn) {
 
 Row receiptOf(Database &db, const QString &number) {
     auto row = db.row(QStringLiteral("select hy_sn,pos_czk,pos_bcjf,pos_zjf,pos_jfye from "
-                                     "jxc_posxsd where gl_djh=? order by id limit 1"),
+                                     "jxc_posxsd where gl_djh=? order by id"),
                       {number});
     if (!row)
         throw Refusal(QStringLiteral("没有找到POS单据：%1！").arg(number));

@@ -20,7 +20,7 @@ struct Receipt {
 /// Figures that are missing count as 0, also all of a receipt that was purged since.
 Receipt readReceipt(Database &db, const QString &number) {
     const auto row = db.row(QStringLiteral("select pos_czk,pos_yfje,pos_xsrq,pos_jfye,pos_bcjf "
-                                           "from jxc_posxsd where gl_djh=? order by id limit 1"),
+                                           "from jxc_posxsd where gl_djh=? order by id"),
                             {number});
     if (!row)
         return {};

@@ -35,6 +35,13 @@ public:
         , m_parameters(Parameters::load(session.db())) {}
 
     std::vector<DraftLine> make() {
+        QStringList goods;
+        for (const ReceiptLine &line : m_receipt.lines)
+            goods << line.goods;
+        goods.removeDuplicates();
+        m_batches = batchesOut(m_session, goods, m_receipt.warehouse);
+        for (std::vector<BatchChoice> &batches : m_batches)
+            batches = goodOnesFirst(std::move(batches));
         for (const ReceiptLine &line : m_receipt.lines)
             add(line);
         return std::move(m_lines);
@@ -42,13 +49,10 @@ public:
 
 private:
     void add(const ReceiptLine &line) {
-        auto [place, isNew] = m_batches.try_emplace(line.goods);
-        if (isNew)
-            place->second = goodOnesFirst(batchesOut(m_session, line.goods, m_receipt.warehouse));
         const Decimal total = line.total(m_settings.amountDecimals);
         Decimal restQuantity = line.quantity, restTotal = total;
-        for (const BatchPart &part :
-             splitOverBatches(place->second, line.quantity, line.factor, m_taken[line.goods])) {
+        for (const BatchPart &part : splitOverBatches(m_batches[line.goods], line.quantity,
+                                                      line.factor, m_taken[line.goods])) {
             m_taken[line.goods].push_back({part.batch, (part.quantity * line.factor).rounded(6)});
             const bool isLast = part.quantity == restQuantity;
             // The parts come to the total of the line to the cent: the last one takes the rest.
@@ -94,7 +98,8 @@ private:
     const Receipt &m_receipt;
     Parameters m_parameters;
     std::vector<DraftLine> m_lines;
-    std::map<QString, std::vector<BatchChoice>> m_batches, m_taken;
+    QHash<QString, std::vector<BatchChoice>> m_batches;
+    std::map<QString, std::vector<BatchChoice>> m_taken;
 };
 
 Draft draftOf(Session &session, const CounterSettings &settings, const Receipt &receipt,

@@ -34,7 +34,7 @@ void checkPdBeforeChk(Database &db, const Document &d) {
 void checkPdBeforeCancel(Database &db, const QString &number) {
     const auto last =
         db.row(QStringLiteral("select id,gl_kdrq,ck_sn from jxc_goodslist where gl_djh=? "
-                              "order by id desc limit 1"),
+                              "order by id desc"),
                {number});
     if (!last)
         return;
@@ -43,7 +43,7 @@ void checkPdBeforeCancel(Database &db, const QString &number) {
         db.scalar(QStringLiteral(
                       "select gl_djh from jxc_goodslist where gl_flag='pd' and gl_kdrq>=? and id>? "
                       "and ck_sn=? and g_sn in (select g_sn from jxc_goodslist where gl_djh=? "
-                      "and ck_sn=?) order by id limit 1"),
+                      "and ck_sn=?) order by id"),
                   {last->text(u"gl_kdrq"), last->integer(u"id"), warehouse, number, warehouse});
     if (!stocktaking.isEmpty())
         throw Refusal(QStringLiteral("在此单据‘%1’之后已做过库存盘点单，\r\n\r\n单号为：【%2】，"

@@ -1,5 +1,6 @@
 #include "core/session.h"
 #include "db/database.h"
+#include "db/in_list.h"
 #include "stock/expiry.h"
 #include "stock/proposals.h"
 
@@ -35,22 +36,32 @@ Decimal unitsIn(Decimal base, Decimal factor) {
 
 std::vector<BatchChoice> batchesOut(Session &session, const QString &goods,
                                     const QString &warehouse) {
+    return batchesOut(session, QStringList{goods}, warehouse).value(goods);
+}
+
+QHash<QString, std::vector<BatchChoice>> batchesOut(Session &session, const QStringList &goods,
+                                                    const QString &warehouse) {
     const QDate today = session.now().date();
-    std::vector<BatchChoice> batches;
+    const InList list(goods);
+    Values values = list.values;
+    values.emplace_back(warehouse);
+    QHash<QString, std::vector<BatchChoice>> batches;
     for (const Row &row : session.db().rows(
-             QStringLiteral("select a.t_ph,a.t_yxq,a.t_scrq,a.t_sl,g.g_bzq from jxc_tkc a left "
-                            "join jxc_goods g on g.g_sn=a.g_sn where a.g_sn=? and a.ck_sn=? and "
-                            "a.t_sl>0 order by a.id"),
-             {goods, warehouse})) {
+             QStringLiteral("select a.g_sn,a.t_ph,a.t_yxq,a.t_scrq,a.t_sl,g.g_bzq from jxc_tkc a "
+                            "left join jxc_goods g on g.g_sn=a.g_sn where a.g_sn in %1 and "
+                            "a.ck_sn=? and a.t_sl>0 order by a.id")
+                 .arg(list.marks),
+             values)) {
         BatchChoice choice{{row.text(u"t_ph"), row.text(u"t_yxq"), row.text(u"t_scrq")},
                            row.decimal(u"t_sl")};
         const QDate last = lastGoodDay(choice.batch.expiry, choice.batch.produced,
                                        static_cast<int>(row.integer(u"g_bzq")));
         if (last.isValid())
             choice.daysLeft = today.daysTo(last);
-        batches.push_back(std::move(choice));
+        batches[row.text(u"g_sn")].push_back(std::move(choice));
     }
-    std::stable_sort(batches.begin(), batches.end(), goesFirst);
+    for (std::vector<BatchChoice> &choices : batches)
+        std::stable_sort(choices.begin(), choices.end(), goesFirst);
     return batches;
 }
 

@@ -3,6 +3,7 @@
 #include "core/action.h"
 #include "core/parameters.h"
 #include "db/database.h"
+#include "db/in_list.h"
 #include "stock/document_kind.h"
 #include "stock/goods_of.h"
 
@@ -68,17 +69,45 @@ void BatchChanges::add(const QString &goods, const QString &warehouse, const Bat
         m_changes[{goods, warehouse, batch.normalised()}] += quantity;
 }
 
+/// The rows of the batches that change, one statement for each warehouse; the first row of a batch
+/// counts.
+std::map<BatchChanges::Key, BatchChanges::Held> BatchChanges::readHeld(Database &db) const {
+    std::map<QString, std::pair<QStringList, QStringList>> ofWarehouse; // goods, numbers
+    for (const auto &[key, quantity] : m_changes) {
+        auto &[goods, numbers] = ofWarehouse[key.warehouse];
+        goods << key.goods;
+        numbers << key.batch.number;
+    }
+    std::map<Key, Held> held;
+    for (auto &[warehouse, wanted] : ofWarehouse) {
+        auto &[goodsList, numberList] = wanted;
+        goodsList.removeDuplicates();
+        numberList.removeDuplicates();
+        const InList goods(goodsList), numbers(numberList);
+        Values values{warehouse};
+        values.insert(values.end(), goods.values.begin(), goods.values.end());
+        values.insert(values.end(), numbers.values.begin(), numbers.values.end());
+        for (const Row &row :
+             db.rows(QStringLiteral("select id,g_sn,t_ph,t_yxq,t_scrq,t_sl from jxc_tkc where "
+                                    "ck_sn=? and g_sn in %1 and t_ph in %2 order by id")
+                         .arg(goods.marks, numbers.marks),
+                     values))
+            held.try_emplace({row.text(u"g_sn"),
+                              warehouse,
+                              {row.text(u"t_ph"), row.text(u"t_yxq"), row.text(u"t_scrq")}},
+                             Held{row.integer(u"id"), row.decimal(u"t_sl")});
+    }
+    return held;
+}
+
 void BatchChanges::write(Database &db) const {
     const QString table = QStringLiteral("jxc_tkc");
     std::vector<Values> updates;
     std::vector<Values> inserts;
+    const std::map<Key, Held> before = readHeld(db);
     for (const auto &[key, quantity] : m_changes) {
-        const auto row = db.row(
-            QStringLiteral("select id,t_sl from jxc_tkc where g_sn=? and ck_sn=? and "
-                           "t_ph=? and t_yxq=? and t_scrq=? order by id"),
-            {key.goods, key.warehouse, key.batch.number, key.batch.expiry, key.batch.produced});
-        if (row)
-            updates.push_back({row->integer(u"id"), row->decimal(u"t_sl") + quantity});
+        if (const auto held = before.find(key); held != before.end())
+            updates.push_back({held->second.id, held->second.quantity + quantity});
         else
             inserts.push_back({key.goods, QString(), key.batch.number, key.batch.expiry, quantity,
                                key.warehouse, key.batch.produced});

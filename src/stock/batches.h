@@ -44,6 +44,12 @@ private:
                    std::tie(b.goods, b.warehouse, b.batch);
         }
     };
+    struct Held {
+        qint64 id;
+        Decimal quantity;
+    };
+    [[nodiscard]] std::map<Key, Held> readHeld(Database &db) const;
+
     std::map<Key, Decimal> m_changes;
 };
 

@@ -1,6 +1,7 @@
 #include "stock/cost.h"
 
 #include "db/database.h"
+#include "db/in_list.h"
 
 #include <optional>
 
@@ -73,6 +74,28 @@ Decimal getCbjBefore(Database &db, const QString &warehouse, const QString &good
     if (const auto cost = stockCost(db, warehouse, goods); cost && !cost->isZero())
         return *cost;
     return averageCost(db, goods).value_or(Decimal());
+}
+
+QHash<QString, Decimal> costsBefore(Database &db, const QString &warehouse,
+                                    const QStringList &goods, const QString &date) {
+    const InList list(goods);
+    Values values{warehouse, date};
+    values.insert(values.end(), list.values.begin(), list.values.end());
+    QHash<QString, Decimal> costs;
+    // The first of the five steps, for all of them.
+    for (const Row &row :
+         db.rows(QStringLiteral("select g.g_sn,(select j.gl_pjjj from jxc_goodslist j where "
+                                "j.ck_sn=? and j.g_sn=g.g_sn and j.gl_flag<>'qc' and j.gl_kdrq<=? "
+                                "order by j.gl_kdrq desc,j.id desc limit 1) as cost from jxc_goods "
+                                "g where g.g_sn in %1")
+                     .arg(list.marks),
+                 values))
+        if (const Decimal cost = row.decimal(u"cost"); !cost.isZero())
+            costs.insert(row.text(u"g_sn"), cost);
+    for (const QString &one : goods)
+        if (!costs.contains(one))
+            costs.insert(one, getCbjBefore(db, warehouse, one, date));
+    return costs;
 }
 
 } // namespace jxc

@@ -2,7 +2,8 @@
 
 #include "base/decimal.h"
 
-#include <QString>
+#include <QHash>
+#include <QStringList>
 #include <limits>
 
 namespace jxc {
@@ -22,5 +23,9 @@ inline constexpr qint64 afterEveryRow = std::numeric_limits<qint64>::max();
 /// line being entered passes afterEveryRow.
 [[nodiscard]] Decimal getCbjBefore(Database &db, const QString &warehouse, const QString &goods,
                                    const QString &date, qint64 id = afterEveryRow);
+/// The same for lines being entered of several goods, in one statement where the journal has the
+/// cost of all of them.
+[[nodiscard]] QHash<QString, Decimal> costsBefore(Database &db, const QString &warehouse,
+                                                  const QStringList &goods, const QString &date);
 
 } // namespace jxc

@@ -1,6 +1,7 @@
 #include "stock/draft_lines.h"
 
 #include "core/rights.h"
+#include "db/in_list.h"
 #include "stock/cost.h"
 #include "stock/return_ties.h"
 
@@ -33,7 +34,9 @@ class Completer {
 public:
     explicit Completer(const DraftContext &context)
         : m_context(context)
-        , m_db(context.db) {}
+        , m_db(context.db) {
+        readGoods();
+    }
 
     CompleteLine complete(const DraftLine &typed) {
         CompleteLine line{.typed = typed, .goods = goodsOf(typed.goods)};
@@ -57,18 +60,33 @@ public:
 
 private:
     const LineGoods &goodsOf(const QString &number) {
-        if (const auto known = m_goods.constFind(number); known != m_goods.constEnd())
-            return *known;
-        const auto row = m_db.row(
-            QStringLiteral("select g_name,dw_name,g_sptm,ghs_sn,g_lsj,g_sj,g_iscf,g_bzq from "
-                           "jxc_goods where g_sn=? and g_sn<>?"),
-            {number, discountGoods});
-        if (!row)
+        const auto known = m_goods.constFind(number);
+        if (known == m_goods.constEnd() || number == discountGoods)
             throw Refusal(QStringLiteral("商品“%1”不存在！").arg(number));
-        return *m_goods.insert(number,
-                               {row->text(u"g_name"), row->text(u"dw_name"), row->text(u"g_sptm"),
-                                row->text(u"ghs_sn"), row->decimal(u"g_lsj"), row->decimal(u"g_sj"),
-                                row->flag(u"g_iscf"), static_cast<int>(row->integer(u"g_bzq"))});
+        return *known;
+    }
+
+    /// Of all lines at once: a till does not ask the server for every line.
+    void readGoods() {
+        for (const DraftLine &line : m_context.draft.lines)
+            m_numbers << line.goods;
+        m_numbers.removeDuplicates();
+        const InList list(m_numbers);
+        for (const Row &row :
+             m_db.rows(QStringLiteral("select g_sn,g_name,dw_name,g_sptm,ghs_sn,g_lsj,g_sj,g_iscf,"
+                                      "g_bzq from jxc_goods where g_sn in %1 order by id desc")
+                           .arg(list.marks),
+                       list.values))
+            m_goods.insert(row.text(u"g_sn"),
+                           {row.text(u"g_name"), row.text(u"dw_name"), row.text(u"g_sptm"),
+                            row.text(u"ghs_sn"), row.decimal(u"g_lsj"), row.decimal(u"g_sj"),
+                            row.flag(u"g_iscf"), static_cast<int>(row.integer(u"g_bzq"))});
+    }
+
+    Decimal costBefore(const QString &goods) {
+        if (m_costs.isEmpty())
+            m_costs = costsBefore(m_db, m_context.draft.warehouse, m_numbers, m_context.draft.date);
+        return m_costs.value(goods);
     }
 
     /// A further unit may have prices of its own.
@@ -124,7 +142,7 @@ private:
                 throw Refusal(noRightMessage(QStringLiteral("修改销售成本价！")));
             return *typed.cost;
         }
-        return perUnit(getCbjBefore(m_db, draft.warehouse, typed.goods, draft.date), typed);
+        return perUnit(costBefore(typed.goods), typed);
     }
 
     static Decimal perUnit(Decimal base, const DraftLine &typed) {
@@ -146,7 +164,9 @@ private:
 
     const DraftContext &m_context;
     Database &m_db;
+    QStringList m_numbers; ///< of the goods of all lines
     QHash<QString, LineGoods> m_goods;
+    QHash<QString, Decimal> m_costs; ///< charged by lines that have none of their own
 };
 
 using Named = std::function<QString(const char16_t *)>;

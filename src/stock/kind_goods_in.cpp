@@ -65,7 +65,7 @@ DocumentKind goodsInKind() {
     k.followers = {
         {QStringLiteral(
              "select b.gl_djh from jxc_rksp a,jxc_thsp b where a.id2=b.id2 and a.gl_djh=? "
-             "and a.id2<>0 and a.g_sn<>'00000000' order by a.id limit 1"),
+             "and a.id2<>0 and a.g_sn<>'00000000' order by a.id"),
          QStringLiteral("入库单：%1，至少有一种商品做了取消入库，\r\n\r\n"
                         "请先取消审核退货单：%2，然后才能取消审核该入库单！")}};
     k.check = check;

@@ -82,7 +82,7 @@ DocumentKind purchaseReceiptKind() {
     k.approveLog = QStringLiteral("审核采购进货单");
     k.cancelLog = QStringLiteral("取消审核采购进货单");
     k.followers = {
-        {QStringLiteral("select gl_djh from jxc_rksp where j_sn=? order by id limit 1"),
+        {QStringLiteral("select gl_djh from jxc_rksp where j_sn=? order by id"),
          QStringLiteral("该单据%1已有入库信息，不能取消审核！\r\n\r\n"
                         "请在商品入库单中删除该单据的所有信息，然后再取消审核！")},
         {QStringLiteral(

@@ -122,7 +122,7 @@ DocumentKind saleKind() {
     k.cancelLog = QStringLiteral("取消审核商品销售单");
     k.shortageWord = QStringLiteral("销售");
     k.followers = {
-        {QStringLiteral("select gl_djh from jxc_cksp where gl_djh2=? order by id limit 1"),
+        {QStringLiteral("select gl_djh from jxc_cksp where gl_djh2=? order by id"),
          QStringLiteral("该单据%1已有出库信息，不能取消审核！\r\n\r\n"
                         "请在商品出库单中删除该单据的所有信息，然后再取消审核！")},
         {QStringLiteral("select pos_rjid from jxc_posxsd where gl_djh=? and pos_rjid<>'' limit 1"),
@@ -130,7 +130,7 @@ DocumentKind saleKind() {
         {QStringLiteral(
              "select b.gl_djh from jxc_xsthsp a,jxc_xsthd b where a.gl_djh=b.gl_djh and "
              "b.th_status=1 and a.id2<>0 and a.id2 in (select id2 from jxc_lsxssp where gl_djh=?) "
-             "order by a.id limit 1"),
+             "order by a.id"),
          QStringLiteral("该单据%1已做取消出库，不能取消审核！\r\n\r\n请先取消审核退货单：%2")},
     };
     k.feeDocument = QStringLiteral("销售单");

@@ -40,11 +40,13 @@ void walkJournals(Database &db, const Parameters &parameters, StockBook &stock,
         // Ids ascend: the last one stays.
         starts[key] = {key, date, row.id, row.flag, stock.averageCost(row.goods)};
     }
-    for (const auto &[key, start] : starts) {
-        const Decimal cost = reCalcGoodsList(db, parameters, start);
-        if (!parameters.costStaysOffStock && journalKind(start.flag).writesStockCost())
-            stock.setCost(key.goods, key.warehouse, cost);
-    }
+    std::vector<WalkStart> walks;
+    for (const auto &[key, start] : starts)
+        walks.push_back(start);
+    const std::vector<Decimal> costs = reCalcGoodsLists(db, parameters, walks);
+    for (size_t i = 0; i < walks.size(); ++i)
+        if (!parameters.costStaysOffStock && journalKind(walks[i].flag).writesStockCost())
+            stock.setCost(walks[i].key.goods, walks[i].key.warehouse, costs[i]);
 }
 
 /// Moves stock, batches, costs and the goods' figures by journal rows that were just written

@@ -2,7 +2,8 @@
 
 #include "stock/batches.h"
 
-#include <QString>
+#include <QHash>
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -63,6 +64,9 @@ struct BatchChoice {
 /// those that never do at the end.
 [[nodiscard]] std::vector<BatchChoice> batchesOut(Session &session, const QString &goods,
                                                   const QString &warehouse);
+/// The same of several goods in one statement, by goods; those without any are left out.
+[[nodiscard]] QHash<QString, std::vector<BatchChoice>>
+batchesOut(Session &session, const QStringList &goods, const QString &warehouse);
 
 /// A part of a line's quantity, taken from one batch.
 struct BatchPart {

@@ -31,7 +31,7 @@ Unit unitOf(Database &db, const QString &goods, const QString &unitName) {
 Decimal agreedPrice(Database &db, const QString &goods, const QString &customer) {
     const auto row =
         db.row(QStringLiteral(
-                   "select kb_bj from jxc_khbj where g_sn=? and kh_sn=? order by id desc limit 1"),
+                   "select kb_bj from jxc_khbj where g_sn=? and kh_sn=? order by id desc"),
                {goods, customer});
     return row ? row->decimal(u"kb_bj") : Decimal();
 }

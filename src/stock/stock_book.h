@@ -26,9 +26,12 @@ public:
     /// The cost that the walk left for a stock row.
     void setCost(const QString &goods, const QString &warehouse, Decimal cost);
 
-    /// The goods' average cost as it stands.
-    [[nodiscard]] Decimal averageCost(const QString &goods) const {
-        return m_goods.value(goods).averageCost;
+    /// The goods' average cost as it stands; nothing for a goods that is not there any more.
+    [[nodiscard]] std::optional<Decimal> averageCost(const QString &goods) const {
+        const auto known = m_goods.constFind(goods);
+        if (known == m_goods.constEnd() || known->id == 0)
+            return std::nullopt;
+        return known->averageCost;
     }
 
     /// Writes the stock rows.

@@ -1,7 +1,11 @@
 #include "stock/walk.h"
 
 #include "db/database.h"
+#include "db/in_list.h"
 #include "stock/journal_kinds.h"
+
+#include <QHash>
+#include <map>
 
 namespace jxc {
 
@@ -9,11 +13,12 @@ namespace {
 
 /// Rows read at a time: enough to keep the engine busy, few enough to keep memory small.
 constexpr int chunk = 4'000;
+/// So many rows a goods are read together with those of the others; longer journals one by one.
+constexpr int fewRows = 20;
 
 const QString selectRows =
-    QStringLiteral("select id,gl_kdrq,gl_flag,gl_sl,gl_dj,gl_sqsl,gl_sqje,gl_kc,gl_pjjj,gl_kczje "
-                   "from jxc_goodslist "
-                   "where g_sn=? and ck_sn=? ");
+    QStringLiteral("select id,gl_kdrq,gl_flag,gl_sl,gl_dj,gl_sqsl,gl_sqje,gl_kc,gl_pjjj,gl_kczje,"
+                   "g_sn from jxc_goodslist where ck_sn=? and g_sn");
 
 // Positions in that select, read once per row of a journal that may be long.
 enum Field : size_t {
@@ -26,7 +31,8 @@ enum Field : size_t {
     openingValue,
     stock,
     cost,
-    value
+    value,
+    goods
 };
 
 JournalState openingState(Database &db, const WalkStart &start) {
@@ -43,17 +49,45 @@ JournalState openingState(Database &db, const WalkStart &start) {
     return {{}, goods ? goods->decimal(u"g_pjjj") : Decimal(), {}};
 }
 
+/// Rows whose figures changed, written together.
+class ChangedRows {
+public:
+    explicit ChangedRows(Database &db)
+        : m_db(db) {}
+
+    void add(const Row &row, const JournalState &before, const JournalState &after) {
+        m_rows.push_back(
+            {row.integer(id), before.stock, before.value, after.stock, after.cost, after.value});
+        if (m_rows.size() >= chunk)
+            write();
+    }
+    void write() {
+        m_db.updateById(QStringLiteral("jxc_goodslist"),
+                        {QStringLiteral("gl_sqsl"), QStringLiteral("gl_sqje"),
+                         QStringLiteral("gl_kc"), QStringLiteral("gl_pjjj"),
+                         QStringLiteral("gl_kczje")},
+                        m_rows);
+        m_rows.clear();
+    }
+
+private:
+    Database &m_db;
+    std::vector<Values> m_rows;
+};
+
 class Walk {
 public:
-    Walk(Database &db, const Parameters &parameters, const WalkStart &start)
+    Walk(Database &db, const Parameters &parameters, const WalkStart &start,
+         const JournalState &opening, ChangedRows &changed)
         : m_db(db)
         , m_parameters(parameters)
         , m_start(start)
-        , m_state(openingState(db, start)) {}
+        , m_state(opening)
+        , m_changed(changed) {}
 
-    /// The cost at the end of the journal.
-    Decimal run() {
-        Rows rows = firstRows();
+    /// From the first rows of the start's day, a chunk of them, to the end of the journal; the cost
+    /// there.
+    Decimal run(Rows rows) {
         while (!rows.empty()) {
             if (!take(rows))
                 return lastCost();
@@ -65,23 +99,15 @@ public:
     }
 
 private:
-    Rows firstRows() {
-        return m_db.rows(
-            selectRows + QStringLiteral("and gl_kdrq>=? order by gl_kdrq,id limit %1").arg(chunk),
-            {m_start.key.goods, m_start.key.warehouse, m_start.date});
-    }
-
     Rows rowsAfter(const Row &last) {
         return m_db.rows(
             selectRows +
-                QStringLiteral("and (gl_kdrq,id)>(?,?) order by gl_kdrq,id limit %1").arg(chunk),
-            {m_start.key.goods, m_start.key.warehouse, last.text(date), last.integer(id)});
+                QStringLiteral("=? and (gl_kdrq,id)>(?,?) order by gl_kdrq,id limit %1").arg(chunk),
+            {m_start.key.warehouse, m_start.key.goods, last.text(date), last.integer(id)});
     }
 
     /// False when the rest of the journal stands as it is.
     bool take(const Rows &rows) {
-        std::vector<Values> changed;
-        bool goOn = true;
         for (const Row &row : rows) {
             const JournalState before = m_state;
             m_state = applyJournalRow(before, row.text(flag), row.decimal(quantity),
@@ -90,19 +116,11 @@ private:
             const bool same = stored == m_state && row.decimal(openingStock) == before.stock &&
                               row.decimal(openingValue) == before.value;
             if (!same)
-                changed.push_back({row.integer(id), before.stock, before.value, m_state.stock,
-                                   m_state.cost, m_state.value});
-            else if (isPastTheChange(row)) {
-                goOn = false;
-                break;
-            }
+                m_changed.add(row, before, m_state);
+            else if (isPastTheChange(row))
+                return false;
         }
-        m_db.updateById(QStringLiteral("jxc_goodslist"),
-                        {QStringLiteral("gl_sqsl"), QStringLiteral("gl_sqje"),
-                         QStringLiteral("gl_kc"), QStringLiteral("gl_pjjj"),
-                         QStringLiteral("gl_kczje")},
-                        changed);
-        return goOn;
+        return true;
     }
 
     [[nodiscard]] bool isPastTheChange(const Row &row) const {
@@ -122,6 +140,80 @@ private:
     const Parameters &m_parameters;
     const WalkStart &m_start;
     JournalState m_state;
+    ChangedRows &m_changed;
+};
+
+Rows firstRows(Database &db, const WalkStart &start) {
+    return db.rows(selectRows +
+                       QStringLiteral("=? and gl_kdrq>=? order by gl_kdrq,id limit %1").arg(chunk),
+                   {start.key.warehouse, start.key.goods, start.date});
+}
+
+Decimal walkAlone(Database &db, const Parameters &parameters, const WalkStart &start,
+                  ChangedRows &changed) {
+    return Walk(db, parameters, start, openingState(db, start), changed).run(firstRows(db, start));
+}
+
+/// The journals of one warehouse from one day on.
+class JournalsOfDay {
+public:
+    JournalsOfDay(Database &db, const QString &warehouse, const QString &day,
+                  const QStringList &goods)
+        : m_db(db) {
+        readRows(warehouse, day, goods);
+        if (m_areWhole)
+            readOpenings(warehouse, day, goods);
+    }
+
+    /// Whether they are short enough to be read together.
+    [[nodiscard]] bool areWhole() const { return m_areWhole; }
+    [[nodiscard]] JournalState openingOf(const WalkStart &start) const {
+        const auto known = m_openings.constFind(start.key.goods);
+        if (known != m_openings.constEnd())
+            return *known;
+        // Who knows the average cost has read the goods, so that it was looked for.
+        return start.averageCost ? JournalState{{}, *start.averageCost, {}}
+                                 : openingState(m_db, start);
+    }
+    [[nodiscard]] Rows takeRows(const QString &ofGoods) { return std::move(m_rows[ofGoods]); }
+
+private:
+    void readRows(const QString &warehouse, const QString &day, const QStringList &goodsList) {
+        const InList list(goodsList);
+        const size_t most = std::min<size_t>(chunk, fewRows * list.values.size());
+        Values values{warehouse};
+        values.insert(values.end(), list.values.begin(), list.values.end());
+        values.emplace_back(day);
+        Rows rows = m_db.rows(selectRows + QStringLiteral(" in %1 and gl_kdrq>=? order by g_sn,"
+                                                          "gl_kdrq,id limit %2")
+                                               .arg(list.marks)
+                                               .arg(most),
+                              values);
+        m_areWhole = rows.size() < most;
+        for (Row &row : rows)
+            m_rows[row.text(goods)].push_back(std::move(row));
+    }
+
+    /// What stood before that day; a goods without an earlier row is left out.
+    void readOpenings(const QString &warehouse, const QString &day, const QStringList &goodsList) {
+        const InList list(goodsList);
+        Values values{warehouse, day};
+        values.insert(values.end(), list.values.begin(), list.values.end());
+        for (const Row &row : m_db.rows(
+                 QStringLiteral("select j.g_sn,j.gl_kc,j.gl_pjjj,j.gl_kczje from jxc_goodslist j "
+                                "where j.id in (select (select b.id from jxc_goodslist b where "
+                                "b.g_sn=g.g_sn and b.ck_sn=? and b.gl_kdrq<? order by b.gl_kdrq "
+                                "desc,b.id desc limit 1) from jxc_goods g where g.g_sn in %1)")
+                     .arg(list.marks),
+                 values))
+            m_openings.insert(row.text(u"g_sn"), {row.decimal(u"gl_kc"), row.decimal(u"gl_pjjj"),
+                                                  row.decimal(u"gl_kczje")});
+    }
+
+    Database &m_db;
+    bool m_areWhole = false;
+    QHash<QString, Rows> m_rows;
+    QHash<QString, JournalState> m_openings;
 };
 
 } // namespace
@@ -177,7 +269,31 @@ JournalState applyJournalRow(const JournalState &before, QStringView flagText, D
 }
 
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start) {
-    return Walk(db, parameters, start).run();
+    ChangedRows changed(db);
+    const Decimal cost = walkAlone(db, parameters, start, changed);
+    changed.write();
+    return cost;
+}
+
+std::vector<Decimal> reCalcGoodsLists(Database &db, const Parameters &parameters,
+                                      const std::vector<WalkStart> &starts) {
+    std::map<QString, QStringList> goodsOfWarehouse;
+    for (const WalkStart &start : starts)
+        goodsOfWarehouse[start.key.warehouse] << start.key.goods;
+    std::map<QString, JournalsOfDay> journals;
+    for (const auto &[warehouse, goodsList] : goodsOfWarehouse)
+        journals.try_emplace(warehouse, db, warehouse, starts.front().date, goodsList);
+    ChangedRows changed(db);
+    std::vector<Decimal> costs;
+    for (const WalkStart &start : starts) {
+        JournalsOfDay &together = journals.at(start.key.warehouse);
+        costs.push_back(together.areWhole()
+                            ? Walk(db, parameters, start, together.openingOf(start), changed)
+                                  .run(together.takeRows(start.key.goods))
+                            : walkAlone(db, parameters, start, changed));
+    }
+    changed.write();
+    return costs;
 }
 
 } // namespace jxc

@@ -5,6 +5,7 @@
 #include <QString>
 #include <optional>
 #include <tuple>
+#include <vector>
 
 namespace jxc {
 
@@ -75,5 +76,9 @@ struct WalkStart {
 /// the rows whose figures changed. Answers the cost of the last row (of the opening state when the
 /// walk is empty), which the stock row takes when the kind of the start and the parameters let it.
 Decimal reCalcGoodsList(Database &db, const Parameters &parameters, const WalkStart &start);
+/// The same for the goods of one document, which start on one day: read and written together where
+/// that day is near the journals' ends. Answers the costs in the order of the starts.
+std::vector<Decimal> reCalcGoodsLists(Database &db, const Parameters &parameters,
+                                      const std::vector<WalkStart> &starts);
 
 } // namespace jxc
