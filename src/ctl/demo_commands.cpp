@@ -125,7 +125,7 @@ ExitCode play(Context &context) {
     say(QStringLiteral("新建帐套：%1").arg(context.location().display()));
     tellStory(*shop.session, *shop.clock);
     say({});
-    const QDate firstDay = storyDay.addDays(14);
+    const QDate firstDay = storyDay.addDays(17);
     const DemoCounts counts =
         playDemoTrade(*shop.session, *shop.clock, {firstDay, days, 20'260'315U});
     say(QStringLiteral("== 再营业%1天 ==").arg(days));

@@ -8,6 +8,13 @@
 #include "money/partner_ledger.h"
 #include "money/settlement.h"
 #include "money/settlement_draft.h"
+#include "retail/counter_goods.h"
+#include "retail/counter_member.h"
+#include "retail/day_end.h"
+#include "retail/member.h"
+#include "retail/receipt_posting.h"
+#include "retail/receipt_return.h"
+#include "retail/recharge.h"
 #include "stock/close_rest.h"
 #include "stock/cost.h"
 #include "stock/draft.h"
@@ -22,6 +29,7 @@ const QString supplier = QStringLiteral("100002");
 const QString customer = QStringLiteral("100002");
 const QString walkIn = QStringLiteral("100001");
 const QString warehouse = QStringLiteral("100001");
+const QString member = QStringLiteral("100002");
 
 class Story {
 public:
@@ -58,6 +66,15 @@ public:
         settle(QStringLiteral("SK"), customer, QStringLiteral("200"), QStringLiteral("5"));
         on(13, QStringLiteral("付供货商500.00"));
         settle(QStringLiteral("FK"), supplier, QStringLiteral("500"), QStringLiteral("0"));
+        on(14, QStringLiteral("会员充值200，收现金"));
+        recharge(200);
+        QString receiptNumber;
+        on(15, QStringLiteral("会员在收银台买3，用储值卡付"));
+        ringUp(3, &receiptNumber);
+        on(16, QStringLiteral("其中1退货，退回储值卡"));
+        bringBack(receiptNumber, 1);
+        on(17, QStringLiteral("收银台日结"));
+        settleTheCounter();
     }
 
 private:
@@ -162,6 +179,63 @@ private:
                                Decimal::fromText(discount)},
                               &number));
         approve(number);
+    }
+
+    void recharge(int amount) {
+        RechargeReceipt receipt;
+        demand(rechargeMember(m_session, m_prompter,
+                              {.member = member, .amount = amount, .cash = amount}, &receipt));
+        say(QStringLiteral("  充值 %1").arg(receipt.number));
+        sayFigures();
+        sayMember();
+    }
+
+    void ringUp(int quantity, QString *number) {
+        const CounterMember buyer = counterMember(m_session, member);
+        const CounterSettings settings = CounterSettings::load(m_session);
+        GoodsFinder finder(m_db);
+        const CounterFind found = findForCounter(finder, settings, m_goods);
+        Receipt receipt{.warehouse = warehouse, .clerk = walkIn, .member = member};
+        receipt.lines = {
+            counterLine(m_session, settings, found, found.hits.front(), buyer.asBuyer())};
+        receipt.lines.front().quantity = quantity;
+        Tender tender;
+        tender.other.storedValue = receipt.total(settings.amountDecimals);
+        tender.memberBalance = buyer.balance;
+        PostedReceipt posted;
+        demand(postReceipt(m_session, m_prompter, receipt, tender, &posted));
+        *number = posted.number;
+        say(QStringLiteral("  小票 %1，应付%2").arg(posted.number, posted.outcome.due.toText(2)));
+        sayFigures();
+        sayMember();
+    }
+
+    void bringBack(const QString &receipt, int quantity) {
+        CounterReturn back = returnOf(m_session, receipt);
+        back.lines.front().line.quantity = quantity;
+        Tender refund;
+        refund.other.storedValue = back.total(CounterSettings::load(m_session).amountDecimals);
+        QString number;
+        demand(postReturn(m_session, m_prompter, back, refund, &number));
+        say(QStringLiteral("  退货 %1，退款%2").arg(number, refund.sum().toText(2)));
+        sayFigures();
+        sayMember();
+    }
+
+    void settleTheCounter() {
+        QString number;
+        demand(settleCounter(m_session, m_prompter, &number));
+        const auto settlement =
+            m_db.row(QStringLiteral("select rj_sl,rj_je from jxc_rjd where gl_djh=?"), {number});
+        say(QStringLiteral("  日结 %1，数量%2，金额%3")
+                .arg(number, settlement->decimal(u"rj_sl").toText(),
+                     settlement->decimal(u"rj_je").toText(2)));
+    }
+
+    void sayMember() {
+        const Member m = loadMember(m_db, member);
+        say(QStringLiteral("    会员%1 储值%2 积分%3 累计消费%4")
+                .arg(m.name, m.value.toText(2), m.points.toText(), m.spent.toText(2)));
     }
 
     void sayFigures() {

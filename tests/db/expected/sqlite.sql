@@ -944,6 +944,7 @@ create table jxc_posxsd (
 create index ix_posxsd_gl_djh on jxc_posxsd (gl_djh);
 create index ix_posxsd_pos_xsrq on jxc_posxsd (pos_xsrq);
 create index ix_posxsd_hy_sn on jxc_posxsd (hy_sn);
+create index ix_posxsd_pos_rjid on jxc_posxsd (pos_rjid);
 create table jxc_posxssp (
     id integer primary key autoincrement,
     gl_djh varchar(16) null,
@@ -1689,6 +1690,7 @@ create table jxc_posthd (
 );
 create index ix_posthd_gl_djh on jxc_posthd (gl_djh);
 create index ix_posthd_pos_xsrq on jxc_posthd (pos_xsrq);
+create index ix_posthd_pos_rjid on jxc_posthd (pos_rjid);
 create table jxc_hyxssp (
     id integer primary key autoincrement,
     gl_djh varchar(16) null,
