@@ -163,7 +163,7 @@ void typeCounter(FormRegistry &registry, Photographer &photographer) {
     press(Qt::Key_F7);
     atNextDialog([&](QWidget *) {
         enter(registry.context().session.db().scalar(
-            QStringLiteral("select max(gl_djh) from jxc_posxsd")));
+            QStringLiteral("select max(gl_djh) from jxc_posxsd where gl_djh like 'XS%'")));
         photographer.takeDesk(counter, QStringLiteral("counter_return"));
         press(Qt::Key_Escape);
     });
