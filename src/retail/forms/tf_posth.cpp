@@ -69,6 +69,9 @@ void TF_Posth::build() {
          QStringLiteral("批号"), QStringLiteral("已售"), QStringLiteral("可退"),
          QStringLiteral("退货数量"), QStringLiteral("单价"), QStringLiteral("退款金额")});
     m_table->horizontalHeader()->setSectionResizeMode(nameAt, QHeaderView::Stretch);
+    for (const auto &[place, width] :
+         {std::pair{unitAt, 60}, {soldAt, 80}, {leftAt, 80}, {quantityAt, 90}, {priceAt, 84}})
+        m_table->setColumnWidth(place, width);
     m_table->verticalHeader()->hide();
     m_table->setEditTriggers(QAbstractItemView::AllEditTriggers);
     connect(m_table, &QTableWidget::cellChanged, this, [this](int row, int at) {
