@@ -34,6 +34,7 @@
 #include "retail/forms/tf_hyxf.h"
 #include "retail/forms/tf_hyyh.h"
 #include "retail/forms/tf_hyyh_add.h"
+#include "retail/forms/tf_gnb.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posxs.h"
 #include "retail/forms/tf_posxs_crk.h"
@@ -119,6 +120,7 @@ void registerForms(FormRegistry &registry) {
     registry.add<TF_Posxs_Crk>(QStringLiteral("TF_Posxs_Crk"));
     registry.add<TF_Posxs_Rj>(QStringLiteral("TF_Posxs_Rj"));
     registry.add<TF_Posxs_Lsz>(QStringLiteral("TF_Posxs_Lsz"));
+    registry.add<TF_Gnb>(QStringLiteral("TF_Gnb"));
     registry.add<TF_PosPrinSet>(QStringLiteral("TF_PosPrinSet"));
     registry.add<TF_Kchd>(QStringLiteral("TF_Kchd"));
     registry.add<TF_Yskdj>(QStringLiteral("TF_Yskdj"));

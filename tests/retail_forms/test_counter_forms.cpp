@@ -1,5 +1,7 @@
 // The counter by keys: ringing up, paying, holding, giving back, and its settings.
 #include "retail/forms/counter_printing.h"
+#include "retail/forms/key_field.h"
+#include "retail/forms/tf_gnb.h"
 #include "retail/forms/tf_posfk.h"
 #include "retail/forms/tf_posprinset.h"
 #include "retail/forms/tf_posth.h"
@@ -8,6 +10,7 @@
 #include "retail/receipt_hold.h"
 #include "support/windows.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
@@ -72,6 +75,8 @@ private Q_SLOTS:
     void restrictedGoodsAskForTheBuyer();
     void printerThatIsOffStopsNothing_data() { addEngineRows(); }
     void printerThatIsOffStopsNothing();
+    void keysAndDevicesAreGiven_data() { addEngineRows(); }
+    void keysAndDevicesAreGiven();
     void settingsAreKeptOnce_data() { addEngineRows(); }
     void settingsAreKeptOnce();
     void journalShowsAndReprints_data() { addEngineRows(); }
@@ -319,6 +324,44 @@ void TestCounterForms::printerThatIsOffStopsNothing() {
     desk.db.execute(u"update jxc_posprint set pp_dyfs=0"_qs);
     press(Qt::Key_F5);
     QVERIFY(child<QLabel>(form, u"message"_qs)->text().startsWith(u"没有找到打印机，小票XS"_qs));
+    press(Qt::Key_Escape);
+}
+
+void TestCounterForms::keysAndDevicesAreGiven() {
+    CounterDesk desk;
+    {
+        TF_Gnb form(desk.context);
+        form.showModal();
+        bringUp(&form);
+        auto *hold = child<KeyField>(form, u"挂单"_qs);
+        QCOMPARE(hold->virtualKey(), 119);
+        hold->setFocus();
+        press(Qt::Key_F3); // the counter's own
+        QCOMPARE(hold->virtualKey(), 119);
+        press(Qt::Key_F4); // which changes the quantity
+        press(Qt::Key_F5);
+        QCOMPARE(desk.user.takeTold(), QStringList{u"挂单的功能键不能重复！"_qs});
+        hold->setFocus();
+        press(Qt::Key_H);
+        child<QComboBox>(form, u"pos_qxjk"_qs)->setCurrentIndex(1);
+        press(Qt::Key_F5);
+        QCOMPARE(desk.user.takeTold(), QStringList{u"串口必须填写！"_qs});
+        child<QLineEdit>(form, u"pos_com"_qs)->setText(u"ttyS0"_qs);
+        press(Qt::Key_F5);
+        QVERIFY(!form.isVisible());
+    }
+    QCOMPARE(desk.texts(u"select gn_jz from jxc_gnb where gn_name='挂单'"_qs),
+             QStringList{u"72"_qs});
+    QCOMPARE(desk.texts(u"select count(*) from jxc_gnb"_qs), QStringList{u"12"_qs});
+    QCOMPARE(desk.texts(u"select pos_qxjk,pos_jzqz from jxc_poscs"_qs), QStringList{u"1|24"_qs});
+    const CounterSettings settings = CounterSettings::load(desk.session);
+    QVERIFY(settings.drawerOnPort);
+    QCOMPARE(settings.port, u"ttyS0"_qs);
+    Counter counter(desk);
+    enter(u"CGL"_qs);
+    press(Qt::Key_H); // on an empty line
+    QVERIFY(counter.form.receipt().lines.empty());
+    QVERIFY(counter.shown(u"message"_qs).startsWith(u"已挂单"_qs));
     press(Qt::Key_Escape);
 }
 

@@ -23,6 +23,14 @@ int keyOfVirtualKey(int code) {
     return known.value(code, 0);
 }
 
+int virtualKeyOf(int key) {
+    // Minus and divide stand twice, the keypad's first: either key finds its function.
+    for (int code = 1; code < 256; ++code)
+        if (keyOfVirtualKey(code) == key && key != 0)
+            return code;
+    return 0;
+}
+
 QString nameOfVirtualKey(int code) {
     switch (code) {
     case 34:

@@ -1,6 +1,7 @@
 #include "retail/forms/tf_posxs_lsz.h"
 
 #include "core/prompter.h"
+#include "core/rights.h"
 #include "core/session.h"
 #include "retail/forms/counter_printing.h"
 #include "retail/receipt_query.h"
@@ -41,6 +42,8 @@ TF_Posxs_Lsz::TF_Posxs_Lsz(const FormContext &context, QWidget *parent)
         [this] { btnReprintClick(); }, true);
     addAction(QStringLiteral("btnSettings"), QStringLiteral("打印设置"),
               QKeySequence(QStringLiteral("Ctrl+P")), [this] { btnSettingsClick(); });
+    addAction(QStringLiteral("btnDevices"), QStringLiteral("功能键和设备"), {},
+              [this] { btnDevicesClick(); });
     addCommonActions();
     addFilters(PeriodChoice::today, Filters::all);
     grid().model().setTone([](const Row &row, const ColumnSpec &) {
@@ -87,6 +90,13 @@ void TF_Posxs_Lsz::btnCounterClick() {
 
 void TF_Posxs_Lsz::btnSettingsClick() {
     context().stage.openForm(QStringLiteral("TF_PosPrinSet"), {});
+}
+
+void TF_Posxs_Lsz::btnDevicesClick() {
+    if (hasRight(session(), u"qtcz", 12))
+        this->context().stage.openForm(QStringLiteral("TF_Gnb"), {});
+    else
+        showNoRightMessage(prompter(), QStringLiteral("POS功能键！"));
 }
 
 } // namespace jxc

@@ -15,6 +15,7 @@ public:
     void btnReprintClick();
     void btnCounterClick();
     void btnSettingsClick();
+    void btnDevicesClick();
 
 protected:
     Rows readFor(const CounterFilter &filter) override;
