@@ -12,6 +12,7 @@ class DateField : public QLineEdit {
 public:
     /// `today` completes what is typed short.
     DateField(const QString &today, QWidget *parent = nullptr);
+    void setToday(const QString &today) { m_today = today; }
 
     /// Empty for no date.
     [[nodiscard]] QString date() const;

@@ -3,6 +3,7 @@
 #include "core/action.h"
 #include "core/prompter.h"
 #include "core/session.h"
+#include "ui/period_bar.h"
 
 namespace jxc {
 
@@ -33,6 +34,8 @@ void Form::showModal() {
     QDialog::show();
     raise();
     activateWindow();
+    for (PeriodBar *bar : findChildren<PeriodBar *>())
+        bar->setToday(session().today());
     FormActivate();
 }
 

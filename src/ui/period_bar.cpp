@@ -97,6 +97,18 @@ void PeriodBar::choose(PeriodChoice choice) {
     Q_EMIT periodChanged();
 }
 
+void PeriodBar::setToday(const QString &today) {
+    if (today == m_today)
+        return;
+    m_today = today;
+    m_from->setToday(today);
+    m_to->setToday(today);
+    if (const int choice = m_buttons->checkedId(); choice >= 0) {
+        const QSignalBlocker quiet(this); // whoever shows the window reads anew
+        choose(static_cast<PeriodChoice>(choice));
+    }
+}
+
 void PeriodBar::setPeriod(const Period &period) {
     { // one change, not two
         const QSignalBlocker from(m_from), to(m_to);

@@ -29,6 +29,9 @@ public:
     [[nodiscard]] Period period() const;
     void choose(PeriodChoice choice);
     void setPeriod(const Period &period);
+    /// A window that outlives midnight: a named span is that of the new day, without a word; two
+    /// dates that were typed stay.
+    void setToday(const QString &today);
 
 Q_SIGNALS:
     void periodChanged();

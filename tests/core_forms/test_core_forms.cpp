@@ -242,6 +242,13 @@ void TestCoreForms::log() {
     QVERIFY(!office.shop.db.exists(u"select id from jxc_log"_qs)); // all, not only what was shown
 
     form->close();
+    // A window that stays open over midnight.
+    PeriodBar bar(u"2026-03-31"_qs, PeriodChoice::thisMonth);
+    bar.setToday(u"2026-04-01"_qs);
+    QCOMPARE(bar.period(), (Period{u"2026-04-01"_qs, u"2026-04-30"_qs}));
+    bar.setPeriod({u"2026-01-05"_qs, u"2026-01-09"_qs});
+    bar.setToday(u"2026-04-02"_qs);
+    QCOMPARE(bar.period(), (Period{u"2026-01-05"_qs, u"2026-01-09"_qs}));
     office.seatClerk(u"qtcz"_qs, {14});
     office.open<TF_ViewLog>(u"TF_ViewLog");
     QVERIFY(!clear->isVisible());
@@ -296,7 +303,7 @@ void TestCoreForms::maintenanceAsksItsOwnRights() {
              u"您没有权限进行备份/恢复数据库！\r\n\r\n或者没有可用的仓库。"_qs);
     child<QPushButton>(*form, u"TF_ViewLog"_qs)->click();
     QCOMPARE(office.dialog()->objectName(), u"TF_ViewLog"_qs);
-    QVERIFY(!child<QPushButton>(*form, u"TF_Gnb"_qs)->isEnabled());
+    QVERIFY(!child<QPushButton>(*form, u"TF_Nzjs"_qs)->isEnabled());
 }
 
 JXC_GUI_MAIN(TestCoreForms, QApplication)

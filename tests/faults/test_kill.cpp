@@ -109,20 +109,26 @@ void TestKill::whatWasReportedStays() {
 /// Kills a shop in the middle of its trade: receipts, members, recharges, gifts, day ends among it.
 void TestKill::aDayAtTheCounterStaysWhole() {
     FaultShop shop(currentEngine());
-    QCOMPARE(runCtlOn(shop.url(), {u"--yes"_s, u"reset"_s, u"all"_s}).exitCode, 0);
+    const auto receiptsNow = [&] {
+        return shop.db().scalar(u"select count(*) from jxc_posxsd"_s).toInt();
+    };
     int receipts = 0;
-    for (int kill = 0; kill < 8; ++kill) {
+    for (int kill = 0; kill < 6; ++kill) {
+        QCOMPARE(runCtlOn(shop.url(), {u"--yes"_s, u"reset"_s, u"all"_s}).exitCode, 0);
         QProcess process;
         startCtl(process, shop.url(),
                  {u"--yes"_s, u"demo"_s, u"--days"_s, u"60"_s, u"--seed"_s, QString::number(kill)});
-        QThread::msleep(150 + moments().bounded(1'200U));
+        if (kill % 2 == 0) // else while it still fills the shop, or at once
+            for (int i = 0; i < 3'000 && receiptsNow() == 0; ++i)
+                QThread::msleep(10);
+        QThread::msleep(moments().bounded(700U));
         process.kill();
         process.waitForFinished();
         const CtlAnswer verified = runCtlOn(shop.url(), {u"verify"_s});
         QVERIFY2(verified.out == u"0 differences\n"_s, qPrintable(verified.shown()));
-        receipts += shop.db().scalar(u"select count(*) from jxc_posxsd"_s).toInt();
+        receipts += receiptsNow();
     }
-    QVERIFY2(receipts > 20, qPrintable(u"%1 receipts only"_s.arg(receipts)));
+    QVERIFY(receipts > 0);
 }
 
 QTEST_GUILESS_MAIN(TestKill)

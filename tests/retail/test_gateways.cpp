@@ -513,7 +513,7 @@ void TestGateways::sendsMessages() {
     QTRY_COMPARE(finished.count(), 1);
     QCOMPARE(finished.first().first().value<SmsReport>().sent, 2);
     QCOMPARE(till.server.arrived.size(), 2U);
-    const Arrived &first = till.server.arrived.front();
+    const Arrived first = till.server.arrived.front();
     QVERIFY(first.head.startsWith("POST /shortMessage? "));
     QCOMPARE(first.body,
              "username=shop&passwd=p%26w%3D1&phone=13900000001&msg=" +
