@@ -155,7 +155,7 @@ void DocumentLines::append(const DraftLine &line) {
 
 void DocumentLines::insertAfter(int row, const DraftLine &line) {
     beginInsertRows({}, row + 1, row + 1);
-    m_lines.insert(m_lines.begin() + row + 1, complete(line));
+    m_lines.insert(m_lines.begin() + (row + 1), complete(line)); // behind no row: the first
     endInsertRows();
     Q_EMIT edited();
 }

@@ -86,7 +86,9 @@ void TF_Hygl_Xfjl::addReprint(ListPage *page,
                               void (CounterPrinting::*print)(const QString &, bool)) {
     page->addAction(
         QStringLiteral("btnReprint"), QStringLiteral("重打"), Qt::Key_F7,
-        [this, page, print] { (m_printing->*print)(page->grid().currentText(u"gl_djh"), true); },
+        [printing = m_printing, page, print] {
+            std::invoke(print, printing, page->grid().currentText(u"gl_djh"), true);
+        },
         true);
 }
 
