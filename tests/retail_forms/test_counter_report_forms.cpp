@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 
 using namespace jxc;
 using namespace jxc::test;
@@ -130,13 +131,13 @@ void TestCounterReportForms::totalsLeadToLines() {
     bringUp(&totals);
     QCOMPARE(totals.grid().model().rowCount(), 2);
     press(Qt::Key_F4);
-    auto *lines = opened<TF_Posxs_Tjmx>(totals);
+    const QPointer<TF_Posxs_Tjmx> lines = opened<TF_Posxs_Tjmx>(totals);
     QCOMPARE(lines->grid().model().rowCount(), 1);
     QCOMPARE(lines->grid().current()->decimal(u"pos_zje"), 19.8_d);
     press(Qt::Key_F4);
     QCOMPARE(desk.stage.opened.size(), 1);
     press(Qt::Key_Escape);
-    QVERIFY(!lines->isVisible());
+    QVERIFY(lines == nullptr || !lines->isVisible());
 
     TF_Posxs_Ph ranking(desk.context);
     ranking.showModal();
