@@ -14,12 +14,6 @@ namespace jxc {
 
 namespace {
 
-bool tell(Prompter &prompter, const Outcome &outcome) {
-    if (!outcome.isDone() && outcome.kind != Outcome::Kind::declined)
-        prompter.inform(outcome.text, informCaption);
-    return outcome.isDone();
-}
-
 /// Who bought such goods before, or who the member is.
 BuyerRecord proposedBuyer(Session &session, const Receipt &receipt,
                           const std::optional<CounterMember> &member) {
@@ -41,7 +35,7 @@ bool CounterPaying::registerBuyers(Receipt &receipt, const std::optional<Counter
             continue;
         if (buyer.name.isEmpty()) {
             const auto asked = askBuyer(
-                m_context, line.name, proposedBuyer(m_context.session, receipt, member), m_window);
+                m_context, line.name, proposedBuyer(m_context.session, receipt, member), &m_window);
             if (!asked)
                 return false;
             buyer = *asked;
@@ -60,7 +54,7 @@ bool CounterPaying::allowDiscounts(Receipt &receipt) {
     const std::vector<size_t> lines = linesToAllow(m_context.session, m_settings, receipt);
     if (lines.empty())
         return true;
-    const QString who = allowedBy(m_context, 7, QStringLiteral("低于最低折扣的销售！"), m_window);
+    const QString who = allowedBy(m_context, 7, QStringLiteral("低于最低折扣的销售！"), &m_window);
     for (const size_t line : lines)
         receipt.lines[line].authorisedBy = who;
     return !who.isEmpty();
@@ -80,12 +74,12 @@ bool CounterPaying::chargeWallet(Receipt &receipt, Tender &tender, Prompter &pro
             return false;
         }
         payment = WalletPayment{{}, amount, true, {}, {}};
-        if (!tell(prompter, prepareWalletPayment(m_context.session, prompter, receipt, tender,
-                                                 &payment->order)))
+        if (!m_window.show(prepareWalletPayment(m_context.session, prompter, receipt, tender,
+                                                &payment->order)))
             return false;
     }
     if (payment->isOpen) {
-        TF_Wxfk wallet(m_context, m_window);
+        TF_Wxfk wallet(m_context, &m_window);
         wallet.setOrder(payment->order, payment->amount);
         if (!wallet.runModal())
             return false;
@@ -108,7 +102,7 @@ std::optional<PostedReceipt> CounterPaying::pay(Receipt &receipt,
     if (!registerBuyers(receipt, member) || !allowDiscounts(receipt))
         return posted;
     m_printing.showAmount(receipt.total(m_settings.amountDecimals), DisplayLight::total);
-    TF_Posfk window(m_context, m_settings, receipt, member, m_window);
+    TF_Posfk window(m_context, m_settings, receipt, member, &m_window);
     const auto showWallet = [&] {
         if (const auto payment = walletPaymentOf(m_context.session, receipt.number))
             window.setWalletPayment(*payment);
@@ -119,7 +113,7 @@ std::optional<PostedReceipt> CounterPaying::pay(Receipt &receipt,
         PostedReceipt result;
         const bool isDone =
             chargeWallet(receipt, tender, prompter) &&
-            tell(prompter, postReceipt(m_context.session, prompter, receipt, tender, &result));
+            m_window.show(postReceipt(m_context.session, prompter, receipt, tender, &result));
         if (isDone)
             posted = result;
         else

@@ -13,7 +13,7 @@ class CounterPrinting;
 class CounterPaying {
 public:
     CounterPaying(const FormContext &context, const CounterSettings &settings,
-                  CounterPrinting &printing, QWidget *window)
+                  CounterPrinting &printing, Form &window)
         : m_context(context)
         , m_settings(settings)
         , m_printing(printing)
@@ -32,7 +32,7 @@ private:
     const FormContext &m_context;
     const CounterSettings &m_settings;
     CounterPrinting &m_printing;
-    QWidget *m_window;
+    Form &m_window;
 };
 
 } // namespace jxc

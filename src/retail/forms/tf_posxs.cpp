@@ -343,7 +343,7 @@ void TF_Posxs::btnPayClick() {
     }
     m_keep->stop();
     const auto posted =
-        CounterPaying(context(), m_settings, *m_printing, this).pay(m_receipt, m_member);
+        CounterPaying(context(), m_settings, *m_printing, *this).pay(m_receipt, m_member);
     m_input.setFocus();
     if (!posted) {
         changed(); // it may have got its number
